@@ -1,0 +1,29 @@
+#pragma once
+// Word helpers shared by every command group: handlers receive the typed words
+// as texts and convert them themselves.
+#include <cstring>
+#include <initializer_list>
+#include <string_view>
+
+namespace ft {
+
+// Leading decimal number of a word, as atoi reads it (leading blanks, optional
+// sign, digits; anything after them is ignored; no digits gives 0). Unlike
+// atoi it never overflows: out-of-range values saturate.
+long long word_to_number(const char* word) noexcept;
+int word_to_int(const char* word) noexcept;
+
+// True when the word starts (after blanks and a sign) with a decimal digit,
+// which tells a real "0" from a word that atoi would also turn into 0.
+bool word_has_number(const char* word) noexcept;
+
+// Exact comparison against a list of accepted texts: "0" matches "0", "00" does not.
+inline bool word_is_one_of(const char* word, std::initializer_list<std::string_view> accepted) noexcept {
+    for (std::string_view a : accepted)
+        if (a == word) return true;
+    return false;
+}
+
+inline bool word_is(const char* word, std::string_view text) noexcept { return text == word; }
+
+}  // namespace ft

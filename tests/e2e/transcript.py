@@ -1,0 +1,217 @@
+#!/usr/bin/env python3
+"""Plays a golden transcript of a factory-shell session on a fresh simulated phone.
+
+A transcript is what an operator would see, plus what happens around it:
+
+    # a comment
+    $ ftsim set watchdog absent     run ftsim on this test's phone; it must succeed
+    $! ftsim fail nosuch 1          ... or must fail
+    | text                          expected output of the preceding host command, line by line
+    @ shell                         power the phone up and start the factory shell
+    ft>info                         the prompt, then the operator types "info" and Enter
+    ft><enter>                      the prompt, then Enter on an empty line
+    ft>                             the prompt, then output arrives before anything is typed
+    ft>^D                           the prompt, then end of input (stdin is closed)
+    ! text                          expected line on the shell's standard error
+    @ exit 0                        the session ends with this status
+    any other line                  expected output of the shell, exactly
+
+The shell's output must match the transcript byte for byte and in full: a line
+it printed that the transcript does not list is a failure too.
+"""
+import argparse
+import os
+import shlex
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+TIMEOUT = float(os.environ.get("FT_TRANSCRIPT_TIMEOUT", "20"))
+
+
+class Stream:
+    """Collects what a pipe delivers, for waiting on and comparing."""
+
+    def __init__(self, pipe):
+        self.data = b""
+        self.cond = threading.Condition()
+        self.closed = False
+        self.thread = threading.Thread(target=self._pump, args=(pipe,), daemon=True)
+        self.thread.start()
+
+    def _pump(self, pipe):
+        while True:
+            chunk = os.read(pipe.fileno(), 65536)
+            with self.cond:
+                if not chunk:
+                    self.closed = True
+                    self.cond.notify_all()
+                    return
+                self.data += chunk
+                self.cond.notify_all()
+
+    def wait_for(self, length, timeout):
+        deadline = time.monotonic() + timeout
+        with self.cond:
+            while len(self.data) < length and not self.closed:
+                left = deadline - time.monotonic()
+                if left <= 0:
+                    break
+                self.cond.wait(left)
+            return self.data
+
+
+class Failure(Exception):
+    pass
+
+
+def show_difference(expected, actual):
+    exp = expected.decode(errors="replace").split("\n")
+    act = actual.decode(errors="replace").split("\n")
+    lines = []
+    for i in range(max(len(exp), len(act))):
+        e = exp[i] if i < len(exp) else None
+        a = act[i] if i < len(act) else None
+        mark = "  " if e == a else "!!"
+        lines.append(f"{mark} expected {e!r}\n   actual   {a!r}")
+    return "\n".join(lines)
+
+
+class Session:
+    def __init__(self, ftsim, state, name):
+        self.name = name
+        env = dict(os.environ)
+        # The kernel shim is preloaded ahead of a sanitizer runtime; that is expected here.
+        env["ASAN_OPTIONS"] = env.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0"
+        self.proc = subprocess.Popen([ftsim, "--state", state, "shell"], stdin=subprocess.PIPE,
+                                     stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=env)
+        self.out = Stream(self.proc.stdout)
+        self.err = Stream(self.proc.stderr)
+        self.expected = b""
+        self.expected_err = b""
+
+    def sync(self, where):
+        actual = self.out.wait_for(len(self.expected), TIMEOUT)
+        if actual[: len(self.expected)] != self.expected:
+            raise Failure(f"{where}: the shell's output differs\n" + show_difference(self.expected, actual))
+
+    def type(self, text, where):
+        self.sync(where)
+        self.proc.stdin.write(text)
+        self.proc.stdin.flush()
+
+    def end_input(self, where):
+        self.sync(where)
+        self.proc.stdin.close()
+
+    def finish(self, status, where):
+        try:
+            rc = self.proc.wait(timeout=TIMEOUT)
+        except subprocess.TimeoutExpired:
+            self.proc.kill()
+            self.proc.wait()
+            raise Failure(f"{where}: the shell did not end within {TIMEOUT:.0f} s")
+        self.out.thread.join()
+        self.err.thread.join()
+        if self.out.data != self.expected:
+            raise Failure(f"{where}: the shell's output differs\n" + show_difference(self.expected, self.out.data))
+        if self.err.data != self.expected_err:
+            raise Failure(f"{where}: the shell's standard error differs\n" +
+                          show_difference(self.expected_err, self.err.data))
+        if status is not None and rc != status:
+            raise Failure(f"{where}: exit status {rc}, expected {status}")
+
+
+def run_host(ftsim, state, line, expect_ok, expected_lines, where):
+    words = shlex.split(line)
+    if not words or words[0] != "ftsim":
+        raise Failure(f"{where}: host steps run ftsim only: {line!r}")
+    res = subprocess.run([ftsim, "--state", state] + words[1:], capture_output=True, timeout=TIMEOUT)
+    if (res.returncode == 0) != expect_ok:
+        raise Failure(f"{where}: '{line}' exited {res.returncode}\n{res.stderr.decode(errors='replace')}")
+    if expected_lines is not None:
+        got = (res.stdout + res.stderr).decode(errors="replace")
+        want = "".join(l + "\n" for l in expected_lines)
+        if got != want:
+            raise Failure(f"{where}: '{line}' printed\n" + show_difference(want.encode(), got.encode()))
+
+
+def play(path, ftsim):
+    with open(path, "rb") as f:
+        lines = f.read().decode().split("\n")
+    if lines and lines[-1] == "":
+        lines.pop()
+    state = tempfile.mkdtemp(prefix="ft-phone-")
+    try:
+        run_host(ftsim, state, "ftsim reset", True, None, f"{path}:start")
+        session = None
+        i = 0
+        while i < len(lines):
+            line = lines[i]
+            where = f"{path}:{i + 1}"
+            i += 1
+            if line.startswith("#"):
+                continue
+            if line.startswith("$ ") or line.startswith("$! "):
+                expected = []
+                while i < len(lines) and lines[i].startswith("|"):
+                    expected.append(lines[i][2:] if lines[i].startswith("| ") else lines[i][1:])
+                    i += 1
+                if session:
+                    session.sync(where)
+                run_host(ftsim, state, line.split(" ", 1)[1], line.startswith("$ "),
+                         expected if expected else None, where)
+            elif line == "@ shell":
+                if session:
+                    raise Failure(f"{where}: a session is still running")
+                session = Session(ftsim, state, path)
+            elif line.startswith("@ exit"):
+                if not session:
+                    raise Failure(f"{where}: no session")
+                session.finish(int(line.split()[2]), where)
+                session = None
+            elif session is None:
+                raise Failure(f"{where}: shell output outside a session: {line!r}")
+            elif line.startswith("! "):
+                session.expected_err += line[2:].encode() + b"\n"
+            elif line.startswith("ft>"):
+                typed = line[3:]
+                session.expected += b"ft>"
+                if typed == "^D":
+                    session.end_input(where)
+                elif typed == "":
+                    session.expected += b"\n"
+                elif typed == "<enter>":
+                    session.type(b"\n", where)
+                    session.expected += b"\n"
+                else:
+                    session.type(typed.encode() + b"\n", where)
+                    session.expected += typed.encode() + b"\n"
+            else:
+                session.expected += line.encode() + b"\n"
+        if session:
+            raise Failure(f"{path}: the transcript ends inside a session; end it with '@ exit N'")
+    finally:
+        subprocess.run(["rm", "-rf", "--one-file-system", state])
+
+
+def main():
+    ap = argparse.ArgumentParser()
+    ap.add_argument("--ftsim", required=True)
+    ap.add_argument("transcripts", nargs="+")
+    args = ap.parse_args()
+    failed = 0
+    for t in args.transcripts:
+        try:
+            play(t, args.ftsim)
+            print(f"ok {t}")
+        except (Failure, subprocess.TimeoutExpired) as e:
+            failed += 1
+            print(f"FAILED {t}\n{e}")
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
