@@ -12,6 +12,7 @@ A transcript is what an operator would see, plus what happens around it:
     ft><enter>                      the prompt, then Enter on an empty line
     ft>                             the prompt, then output arrives before anything is typed
     ft>^D                           the prompt, then end of input (stdin is closed)
+    ~ REGEX                         one line of the shell's output that matches REGEX (Python syntax)
     ! text                          expected line on the shell's standard error
     @ exit 0                        the session ends with this status
     any other line                  expected output of the shell, exactly
@@ -21,6 +22,7 @@ it printed that the transcript does not list is a failure too.
 """
 import argparse
 import os
+import re
 import shlex
 import subprocess
 import sys
@@ -89,13 +91,48 @@ class Session:
                                      stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=env)
         self.out = Stream(self.proc.stdout)
         self.err = Stream(self.proc.stderr)
-        self.expected = b""
+        self.parts = []  # (literal bytes, regex source or None)
         self.expected_err = b""
 
+    def expect(self, literal):
+        self.parts.append((literal, None))
+
+    def expect_match(self, pattern):
+        self.parts.append((b"", pattern.encode()))
+
+    @property
+    def expected(self):
+        """The expected text, with each pattern line shown as written."""
+        return b"".join(lit if pat is None else b"~ " + pat + b"\n" for lit, pat in self.parts)
+
+    def _matches(self, actual, whole):
+        """Length of the prefix of actual that the parts match, or None."""
+        regex = b"".join(re.escape(lit) if pat is None else pat + b"\n" for lit, pat in self.parts)
+        return (re.fullmatch if whole else re.match)(regex, actual)
+
     def sync(self, where):
-        actual = self.out.wait_for(len(self.expected), TIMEOUT)
-        if actual[: len(self.expected)] != self.expected:
-            raise Failure(f"{where}: the shell's output differs\n" + show_difference(self.expected, actual))
+        # Wait for as many lines as expected, and the unfinished last line.
+        expected = b"".join(lit if pat is None else b"x\n" for lit, pat in self.parts)
+        lines = expected.count(b"\n")
+        tail = len(expected) - (expected.rfind(b"\n") + 1)
+        deadline = time.monotonic() + TIMEOUT
+        while True:
+            actual = self.out.wait_for(0, 0)
+            cut = -1
+            for _ in range(lines):
+                cut = actual.find(b"\n", cut + 1)
+                if cut < 0:
+                    break
+            if cut >= 0 or lines == 0:
+                upto = cut + 1 + tail
+                if len(actual) >= upto:
+                    if self._matches(actual[:upto], True):
+                        return
+                    break
+            if self.out.closed or time.monotonic() > deadline:
+                break
+            self.out.wait_for(len(actual) + 1, 0.05)
+        raise Failure(f"{where}: the shell's output differs\n" + show_difference(self.expected, actual))
 
     def type(self, text, where):
         self.sync(where)
@@ -115,7 +152,7 @@ class Session:
             raise Failure(f"{where}: the shell did not end within {TIMEOUT:.0f} s")
         self.out.thread.join()
         self.err.thread.join()
-        if self.out.data != self.expected:
+        if not self._matches(self.out.data, True):
             raise Failure(f"{where}: the shell's output differs\n" + show_difference(self.expected, self.out.data))
         if self.err.data != self.expected_err:
             raise Failure(f"{where}: the shell's standard error differs\n" +
@@ -174,23 +211,25 @@ def play(path, ftsim):
                 session = None
             elif session is None:
                 raise Failure(f"{where}: shell output outside a session: {line!r}")
+            elif line.startswith("~ "):
+                session.expect_match(line[2:])
             elif line.startswith("! "):
                 session.expected_err += line[2:].encode() + b"\n"
             elif line.startswith("ft>"):
                 typed = line[3:]
-                session.expected += b"ft>"
+                session.expect(b"ft>")
                 if typed == "^D":
                     session.end_input(where)
                 elif typed == "":
-                    session.expected += b"\n"
+                    session.expect(b"\n")
                 elif typed == "<enter>":
                     session.type(b"\n", where)
-                    session.expected += b"\n"
+                    session.expect(b"\n")
                 else:
                     session.type(typed.encode() + b"\n", where)
-                    session.expected += typed.encode() + b"\n"
+                    session.expect(typed.encode() + b"\n")
             else:
-                session.expected += line.encode() + b"\n"
+                session.expect(line.encode() + b"\n")
         if session:
             raise Failure(f"{path}: the transcript ends inside a session; end it with '@ exit N'")
     finally:
