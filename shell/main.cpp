@@ -55,7 +55,18 @@ int main() {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     start_up();
 
+    // A tab is an ordinary character of a word here, not a request to
+    // complete file names of the phone.
+    rl_bind_key('\t', rl_insert);
+
     const bool interactive = isatty(STDIN_FILENO) != 0;
+    if (!interactive) {
+        // A station's pipe is no screen: echo each line whole, never wrapped
+        // or scrolled, whatever terminal type the environment names.
+        rl_terminal_name = "dumb";
+        rl_initialize();
+        rl_set_screen_size(1, static_cast<int>(ft::kLineSize) * 64);
+    }
     static ft::CommandLine cl;  // the shell's fixed buffers live for the whole run
     for (;;) {
         cl.clear();
