@@ -1,0 +1,34 @@
+# How the shell reads a line: blanks, leading ft words, exact words, and
+# input that does not fit its buffers (refused whole, nothing run).
+@ shell
+Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
+
+ft><enter>
+ft>     
+ft>ft ft
+ft>ft   ft    production
+Factory Mode
+ft>production ft
+Factory Mode
+ft>FT production
+Not a valid command
+ft>productions
+Not a valid command
+ft>prod
+Not a valid command
+ft>xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx yyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyy zzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzz
+Line too long: at most 255 characters. Nothing was run.
+ft>program write SN_UNIT aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa
+Word too long: at most 99 characters. Nothing was run.
+ft>program write SN_UNIT w w w w w w w w w w w w w w w w w w w w w 
+Too many words: at most 20. Nothing was run.
+ft>program write SN_UNIT "aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"
+Value too long: at most 99 characters between the quotes. Nothing was written.
+ft>program read SN_UNIT
+SN_UNIT = "<NOT Initialized>"
+ft>program write SN_UNIT aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa
+PASS
+ft>program read SN_UNIT
+SN_UNIT = "aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"
+ft>^D
+@ exit 0
