@@ -77,6 +77,8 @@ def expect(cond, what):
 
 
 def first_gencert(phone):
+    # Only the missing directory is made when its parent is already there.
+    phone.ctl("exec", "--", "mkdir", "/reserved/cp")
     out = phone.shell("program write ETHERADD 02:12:34:ab:cd:ef", "gencert")
     m = re.search(r"^ft>gencert\nThumbprint: ([0-9A-F:]+)\nMAC = \"02:12:34:ab:cd:ef\"\n", out, re.M)
     expect(m, f"no thumbprint line after gencert:\n{out}")
@@ -97,6 +99,7 @@ def first_gencert(phone):
 
     log = phone.ctl("log").splitlines()
     expect("/system/bin/setSystemDate.sh" in log, "the clock was not set")
+    expect("mkdir /reserved/cp/certs" in log and "mkdir /reserved/cp" not in log, "directories:\n" + "\n".join(log))
     export = ("openssl pkcs12 -descert -certpbe PBE-SHA1-3DES -keypbe PBE-SHA1-3DES -export "
               "-in /reserved/cp/certs/factory.cert -inkey /reserved/cp/certs/factory.key "
               f"-out /reserved/cp/certs/factorycert.p12 -password pass:{key}\\n")
