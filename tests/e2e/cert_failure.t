@@ -1,5 +1,7 @@
 # A failure after the bundle was made takes back the seed and the bundle, also
 # those of an earlier run, and every loose file: no half-made identity stays.
+# The command removes its loose files after its last line: an empty line waits
+# for the next prompt before the files are looked at.
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
@@ -12,6 +14,7 @@ Serial# = "<NOT Initialized>"
 Product = "<NOT Initialized>"
 Model = "<NOT Initialized>"
 Hardware = "<NOT Initialized>"
+ft><enter>
 $ ftsim exec -- ls /reserved/cp/certs
 | factorySeed
 | factorycert.p12

@@ -14,6 +14,7 @@ Serial# = "<NOT Initialized>"
 Product = "<NOT Initialized>"
 Model = "<NOT Initialized>"
 Hardware = "<NOT Initialized>"
+ft><enter>
 $ ftsim exec -- mv /reserved/cp/certs/factorySeed /reserved/seed
 ft>regenfipscert
 *ERROR* misc:regen_fips_signed_cert():323 Factory seed not present return NULL
@@ -26,6 +27,7 @@ ft>regenfipscert
 ~ \*ERROR\* misc:regen_fips_signed_cert\(\):380 key PEM [A-Za-z0-9+/]{43}=
 
 *ERROR* misc:regen_fips_signed_cert():404 generated pkcs12
+ft><enter>
 $ ftsim exec -- ls /reserved/cp/certs
 | factorySeed
 | factorycert.p12
