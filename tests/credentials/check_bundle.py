@@ -131,14 +131,6 @@ def regen_keeps_everything(phone, key, fingerprint, pub):
     expect(opened[3].count(PBE) == 2, f"bundle protection:\n{opened[3]}")
 
 
-def production_mode_changes_nothing(phone):
-    before = {name: phone.read(name) for name in phone.files()}
-    out = phone.shell("program write OPERATIONAL_MODE 1", "gencert")
-    expect("gencert can only be executed in factory mode\n" in out, out)
-    expect({name: phone.read(name) for name in phone.files()} == before, "files changed outside factory mode")
-    phone.shell("program write OPERATIONAL_MODE 0")
-
-
 def second_run_replaces_both(phone, old_key):
     old_seed = phone.read("factorySeed")
     out = phone.shell("program write ETHERADD 02:12:34:AB:CD:EF", "gencert")
@@ -172,7 +164,6 @@ def main():
         phone = Phone(args.ftsim, args.openssl, state)
         key, fingerprint, pub = first_gencert(phone)
         regen_keeps_everything(phone, key, fingerprint, pub)
-        production_mode_changes_nothing(phone)
         key = second_run_replaces_both(phone, key)
         missing_mac_keeps_bundle(phone, key)
     except AssertionError as e:

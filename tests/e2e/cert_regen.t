@@ -27,10 +27,6 @@ ft>regenfipscert
 ~ \*ERROR\* misc:regen_fips_signed_cert\(\):380 key PEM [A-Za-z0-9+/]{43}=
 
 *ERROR* misc:regen_fips_signed_cert():404 generated pkcs12
-ft><enter>
-$ ftsim exec -- ls /reserved/cp/certs
-| factorySeed
-| factorycert.p12
 $ ftsim fail eeprom_read -1 5
 ft>regenfipscert
 *ERROR* fact_device_key:get_mac_address():64 Unable to read MAC from factory data
