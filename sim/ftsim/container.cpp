@@ -49,6 +49,9 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
     if (exists("/usr/lib64")) add(a, {"--symlink", "usr/lib64", "/lib64"});
     add(a, {"--dev", "/dev", "--proc", "/.kproc", "--tmpfs", "/proc"});
     for (const char* link : kProcLinks) add(a, {"--symlink", std::string("/.kproc/") + link, std::string("/proc/") + link});
+    // The command is process 2 (bwrap's init is 1). A sanitized shell's leak
+    // check lists its threads under /proc/<its pid>/task at exit.
+    add(a, {"--symlink", "/.kproc/2", "/proc/2"});
     add(a, {"--tmpfs", "/tmp", "--ro-bind", phone.system, "/system", "--bind", phone.hw(), "/sim"});
     for (const char* place : {"reserved", "data", "cache", "sdcard"})
         add(a, {"--bind", phone.persist(place), std::string("/") + place});
@@ -62,6 +65,10 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
     add(a, {"--clearenv", "--setenv", "PATH", "/system/bin:/usr/sbin:/usr/bin:/sbin:/bin", "--setenv", "HOME", "/data",
             "--setenv", "TERM", term ? term : "dumb", "--setenv", "LD_LIBRARY_PATH", "/system/lib", "--setenv",
             "LD_PRELOAD", "/system/lib/libftsim_shim.so", "--chdir", "/"});
+    // In sanitizer builds the shim is preloaded ahead of the sanitizer runtime:
+    // the options that allow it must reach the phone's processes too.
+    for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS"})
+        if (const char* value = std::getenv(name)) add(a, {"--setenv", name, value});
     a.insert(a.end(), command.begin(), command.end());
 
     std::vector<char*> argv;
