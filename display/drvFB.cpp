@@ -1,5 +1,6 @@
 #include "display/drvFB.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -131,7 +132,9 @@ int open_framebuffer() {
         if (!g_fd.valid()) {
             FB_LOG("open failed, errno=%d\n", errno);
         } else {
-            void* map = mmap(nullptr, g_map_size, PROT_READ | PROT_WRITE, MAP_SHARED, g_fd.get(), 0);
+            // Populated in one go: faulting a fresh mapping in page by page
+            // cost several times the drawing of a full screen.
+            void* map = mmap(nullptr, g_map_size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_POPULATE, g_fd.get(), 0);
             if (map == MAP_FAILED) {
                 // The descriptor stays until close_framebuffer.
                 FB_LOG("mmap failed, errno=%d\n", errno);
@@ -207,6 +210,17 @@ void render_line(int x0, int y0, int x1, int y1, unsigned colour) {
     const long long minor = x_major ? ady : adx;
     long long x = x0;
     long long y = y0;
+    if (dy == 0 && major > 0) {
+        // Rows are what filled rectangles are made of: clip the run once and
+        // fill it, rather than stepping and clipping pixel by pixel.
+        if (y < 0 || y >= height) return;
+        const long long left = std::max(0LL, std::min<long long>(x0, x1));
+        const long long right = std::min<long long>(width - 1LL, std::max<long long>(x0, x1));
+        if (left > right) return;
+        std::uint32_t* row = pixels() + static_cast<std::size_t>(width) * static_cast<std::size_t>(y);
+        std::fill(row + left, row + right + 1, value);
+        return;
+    }
     plot(x, y, value, width, height);
     if (major < 1) return;
     // The extra -1 for upward lines makes a line and its reverse cover the
