@@ -115,7 +115,7 @@ int take_snapshot(const Phone& p, Snapshot& snap) {
     Panel panel;
     std::string fb;
     if (!read_panel(p, panel) || !read_text(p.hw() + "/dev/fb0", fb))
-        return fail("the panel has not been powered up; 'ftsim shell' powers the phone up", 1);
+        return fail("no framebuffer to show: the phone was not powered up yet (ftsim shell), or lcd.device is absent", 1);
     if (fb.size() != 4ull * panel.virt.w * panel.virt.h)
         return fail("the framebuffer does not have the size of " + text_of(panel.virt), 1);
     unsigned xoff = 0, yoff = 0;
@@ -252,8 +252,9 @@ const ModuleRegistrar kDisplay{Module{
     "display",
     {
         {"lcd", "lcd FILE.png               the visible LCD area as a PNG image\n"
-                "  ftsim lcd --pixel X,Y...     colours of points; --row Y, --column X: runs of colour;\n"
-                "            --colours, --ascii X0 Y0 X1 Y1 STEP: pixel counts, a coarse picture",
+                "  ftsim lcd --pixel X,Y... | --row Y | --column X | --colours | --ascii X0 Y0 X1 Y1 STEP\n"
+                "                                   the same area as text: colours of points, runs of colour\n"
+                "                                   along a row or column, pixel counts, a coarse picture",
          verb_lcd},
     },
     display_power_up,
