@@ -9,6 +9,7 @@
 #include <memory>
 #include <sys/ioctl.h>
 #include <unistd.h>
+#include <utility>
 
 #include "common/unique_handle.h"
 
@@ -67,6 +68,10 @@ int monitor_start(Monitor& m, const char* wanted, void* (*thread_entry)(void*), 
         std::puts(m.texts.not_found);
         return -1;
     }
+    return monitor_launch(m, std::move(fd), thread_entry);
+}
+
+int monitor_launch(Monitor& m, ft::UniqueFd fd, void* (*thread_entry)(void*)) {
     m.ready.store(0);
     m.fd.store(fd.get());
     if (pthread_create(&m.thread, nullptr, thread_entry, nullptr) != 0) {

@@ -9,6 +9,8 @@
 #include <linux/input.h>
 #include <pthread.h>
 
+#include "common/unique_handle.h"
+
 namespace ft::input {
 
 // The kernel's record of this process's ABI: 16 bytes on the 32-bit phone,
@@ -59,6 +61,10 @@ struct Monitor {
 // Opens the first device in @p dir whose name is @p wanted and starts the
 // monitor thread on it; @p thread_entry runs monitor_run for this monitor.
 int monitor_start(Monitor& m, const char* wanted, void* (*thread_entry)(void*), const char* dir = "/dev/input");
+
+// Starts the monitor thread on an open device; the monitor owns @p fd from
+// then on. Returns once the thread is ready for the teardown's signal.
+int monitor_launch(Monitor& m, ft::UniqueFd fd, void* (*thread_entry)(void*));
 
 // The monitor thread's body: 0 when stopped, -1 when it could not start.
 int monitor_run(Monitor& m);
