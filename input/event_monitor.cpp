@@ -7,6 +7,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 #include <utility>
@@ -86,8 +87,9 @@ int monitor_launch(Monitor& m, ft::UniqueFd fd, void* (*thread_entry)(void*)) {
 }
 
 namespace {
+
 // Steps before the loop; their failures end the thread.
-int prepare(Monitor& m) {
+int prepare(Monitor& m, sigset_t& waiting_mask) {
     if (m.fd.load() < 0) {
         std::puts(m.texts.thread_not_open);
         return -1;
@@ -95,18 +97,38 @@ int prepare(Monitor& m) {
     struct sigaction sa{};
     sa.sa_handler = m.signal_handler;
     sigemptyset(&sa.sa_mask);
-    // No SA_RESTART: the teardown's signal has to break a blocked read.
+    // No SA_RESTART: the teardown's signal has to break the wait.
     sa.sa_flags = 0;
     if (sigaction(m.stop_signal, &sa, nullptr) != 0) {
         std::puts(m.texts.no_handler);
         return -1;
     }
+    // The stop signal is let in only while the thread waits for a record, so
+    // it can never land between the stop-flag test and the wait and leave the
+    // thread asleep with the teardown joining it forever.
+    sigset_t stop_only;
+    sigemptyset(&stop_only);
+    sigaddset(&stop_only, m.stop_signal);
+    pthread_sigmask(SIG_BLOCK, &stop_only, &waiting_mask);
+    sigdelset(&waiting_mask, m.stop_signal);
     return 0;
 }
+
+// Reads one record, waiting for it with the stop signal let in. A wait that
+// the signal broke looks like a read that failed with EINTR.
+ssize_t read_record(int fd, Record& record, const sigset_t& waiting_mask) {
+    pollfd p{fd, POLLIN, 0};
+    errno = 0;
+    if (ppoll(&p, 1, nullptr, &waiting_mask) < 0) return -1;
+    errno = 0;
+    return read(fd, &record, sizeof record);
+}
+
 }  // namespace
 
 int monitor_run(Monitor& m) {
-    const int prepared = prepare(m);
+    sigset_t waiting_mask;
+    const int prepared = prepare(m, waiting_mask);
     m.ready.store(1);
     m.ready.notify_all();
     if (prepared != 0) return prepared;
@@ -119,12 +141,9 @@ int monitor_run(Monitor& m) {
         } else {
             Record record{};
             ssize_t n = 0;
-            for (;;) {
-                errno = 0;
-                n = read(fd, &record, sizeof record);
-                if (n == static_cast<ssize_t>(sizeof record) && !m.wanted(record.type)) continue;
-                break;
-            }
+            do {
+                n = read_record(fd, record, waiting_mask);
+            } while (n == static_cast<ssize_t>(sizeof record) && !m.wanted(record.type));
             if (n == static_cast<ssize_t>(sizeof record)) {
                 m.process(record);
             } else {
@@ -160,10 +179,6 @@ int monitor_switch(Monitor& m, const char* mode, std::atomic<bool>& reporting, s
 int monitor_stop(Monitor& m) {
     const int fd = m.fd.load();
     if (fd == -1) return 0;
-    // Closed before the signal: a read that starts after the close fails at
-    // once, one already blocked is broken by the signal, so the thread cannot
-    // miss its end whichever it was doing.
-    close(fd);
     int result = 0;
     if (pthread_kill(m.thread, m.stop_signal) != 0) {
         std::puts(m.texts.kill_failed);
@@ -172,6 +187,9 @@ int monitor_stop(Monitor& m) {
         std::puts(m.texts.join_failed);
         result = -1;
     }
+    // Closed once the thread is gone (or cannot be waited for): closing under
+    // a thread still reading could hand the number to another open first.
+    close(fd);
     if (m.forget_device_on_stop) m.fd.store(-1);
     return result;
 }
