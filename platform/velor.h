@@ -19,6 +19,22 @@ int Backlight_GetMaxBrightness(int* max_out);
 /** Switches the backlight off (0) or on (1) without changing the level. */
 int BacklightOnOff(int on);
 
+/* --- Model, hook switches and headset detection. */
+
+/** Non-zero on the entry model of the product line, 0 on the standard model. */
+int is_corvane_entry(void);
+/** Blocks until the cradle's hook switch changes; returns the new hook state
+ * (0 on hook, any other value off hook) or -1 when the wait failed. */
+int CradleHookswitch_WaitForHookswitchEvent(void);
+/** Stores the cradle's current hook state (0 on hook, else off hook) in *state_out. */
+int CradleHookswitch_GetState(int* state_out);
+/** Blocks until the wired headset's hook switch changes; returns the new hook
+ * state (0 on hook, any other value off hook) or -1 when the wait failed. */
+int WiredHeadset_WaitForHookSwitchEvent(void);
+/** Stores the type of the plug in the 3.5 mm jack in *type_out: 3 and 4 are the
+ * two four-pole wiring standards, other values name no particular standard. */
+int Jack_GetHeadsetType(int* type_out);
+
 #ifdef __cplusplus
 }
 #endif

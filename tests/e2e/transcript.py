@@ -12,6 +12,8 @@ A transcript is what an operator would see, plus what happens around it:
     ft><enter>                      the prompt, then Enter on an empty line
     ft>                             the prompt, then output arrives before anything is typed
     ft>^D                           the prompt, then end of input (stdin is closed)
+    > text                          the operator types "text" and Enter at a prompt already
+                                    shown, after background output (the prompt is not repeated)
     ~ REGEX                         one line of the shell's output that matches REGEX (Python syntax)
     ! text                          expected line on the shell's standard error
     @ exit 0                        the session ends with this status
@@ -218,6 +220,10 @@ def play(path, ftsim):
                 session.expect_match(line[2:])
             elif line.startswith("! "):
                 session.expected_err += line[2:].encode() + b"\n"
+            elif line.startswith("> "):
+                typed = line[2:].encode() + b"\n"
+                session.type(typed, where)
+                session.expect(typed)
             elif line.startswith("ft>"):
                 typed = line[3:]
                 session.expect(b"ft>")

@@ -1,0 +1,145 @@
+// Hookswitch and EHS monitors: the waiting happens inside the hardware
+// library, so these threads cannot be interrupted; they are told to stop by a
+// flag and end after their current wait, or with the process.
+#include <atomic>
+#include <cstdint>
+#include <cstdio>
+#include <pthread.h>
+
+#include "common/words.h"
+#include "input/monitors.h"
+#include "platform/velor.h"
+
+namespace {
+
+struct HookMonitor {
+    const char* start_stop;      // "%s hookswitch test\n"
+    const char* already;         // "Hookswitch test has already been %s\n"
+    const char* null_mode;       // a line
+    const char* bad_mode;        // printf format with the word
+    const char* thread_failed;   // printf format with the error code
+    const char* event_line;      // printf format with the state's name
+    int (*wait)();
+    void* (*entry)(void*);
+
+    pthread_t thread{};
+    std::atomic<bool> stop{false};
+    std::atomic<bool> reporting{false};
+};
+
+const char* hook_state_name(int state) { return state == 0 ? "ON HOOK" : "OFF HOOK"; }
+
+// Cleared by the first event line of the process's life; never armed again.
+std::atomic<bool> hookswitchFirstReport{true};
+std::atomic<bool> ehsFirstReport{true};
+
+int track(HookMonitor& m, std::atomic<bool>& first_report) {
+    if (m.stop.load()) return 0;
+    for (;;) {
+        // A failed wait (-1) is dropped and the wait repeated.
+        const int state = m.wait();
+        if (state != -1 && m.reporting.load()) {
+            if (first_report.exchange(false)) std::putchar('\n');
+            std::printf(m.event_line, hook_state_name(state));
+        }
+        if (m.stop.load()) return 0;
+    }
+}
+
+int start(HookMonitor& m) {
+    m.stop.store(false);
+    const int error = pthread_create(&m.thread, nullptr, m.entry, nullptr);
+    if (error != 0) {
+        std::printf(m.thread_failed, error);
+        m.thread = pthread_t{};
+        return -1;
+    }
+    // Never joined: the thread may sit in the library's wait until the
+    // process ends.
+    pthread_detach(m.thread);
+    return 0;
+}
+
+// Modes "0" and "1"; the rest is the caller's.
+int switch_reporting(HookMonitor& m, bool wanted) {
+    if (m.reporting.load() == wanted) {
+        std::printf(m.already, wanted ? "started" : "stopped");
+        return 0;
+    }
+    std::printf(m.start_stop, wanted ? "Start" : "Stop");
+    m.reporting.store(wanted);
+    return 0;
+}
+
+int destroy(HookMonitor& m) {
+    m.reporting.store(false);
+    m.thread = pthread_t{};
+    m.stop.store(true);
+    return 0;
+}
+
+void* hookswitch_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(hookswitchTrackThread())); }
+void* ehs_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(ehsTrackThread())); }
+
+HookMonitor g_hookswitch{
+    "%s hookswitch test\n",
+    "Hookswitch test has already been %s\n",
+    "hookswitchTest(): fail - NULL pointer",
+    "hookswitchTest(): fail - incorrect parameter [%s]\n",
+    "hookswitchTestInit(): fail - thread can't be created, error=%d\n",
+    "HOOKSWITCH event: [%s]\n",
+    CradleHookswitch_WaitForHookswitchEvent,
+    hookswitch_thread,
+};
+
+HookMonitor g_ehs{
+    "%s ehs test\n",
+    "Ehs test has already been %s\n",
+    "ehsTest(): fail - NULL pointer",
+    "ehsTest(): fail - incorrect parameter [%s]\n",
+    "ehsTestInit(): fail - thread can't be created, error=%d\n",
+    "EHS event: [%s]\n",
+    WiredHeadset_WaitForHookSwitchEvent,
+    ehs_thread,
+};
+
+}  // namespace
+
+int hookswitchTestInit() { return start(g_hookswitch); }
+int hookswitchTrackThread() { return track(g_hookswitch, hookswitchFirstReport); }
+int hookswitchTestDestroy() { return destroy(g_hookswitch); }
+
+int hookswitchTest(const char* mode) {
+    if (mode == nullptr) {
+        std::puts(g_hookswitch.null_mode);
+        return -1;
+    }
+    if (ft::word_is(mode, "0") || ft::word_is(mode, "1")) return switch_reporting(g_hookswitch, mode[0] == '1');
+    if (!ft::word_is(mode, "2")) {
+        std::printf(g_hookswitch.bad_mode, mode);
+        return -1;
+    }
+    // The state query needs no thread: it works with reporting on or off.
+    int state = 0;
+    const int result = CradleHookswitch_GetState(&state);
+    if (result != 0) {
+        std::puts("FAIL");
+        return result;
+    }
+    std::printf("HOOKSWITCH state: [%s]\nPASS\n", hook_state_name(state));
+    return 0;
+}
+
+int ehsTestInit() { return start(g_ehs); }
+int ehsTrackThread() { return track(g_ehs, ehsFirstReport); }
+int ehsTestDestroy() { return destroy(g_ehs); }
+
+int ehsTest(const char* mode) {
+    if (mode == nullptr) {
+        std::puts(g_ehs.null_mode);
+        return -1;
+    }
+    if (ft::word_is(mode, "0") || ft::word_is(mode, "1")) return switch_reporting(g_ehs, mode[0] == '1');
+    std::printf(g_ehs.bad_mode, mode);
+    return -1;
+}

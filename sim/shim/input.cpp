@@ -1,0 +1,104 @@
+// Input devices of the phone: FIFOs that ftsim feeds. A FIFO opened for
+// reading alone would block until a writer comes, and would report end of
+// file whenever ftsim closes it; opened for reading and writing it does
+// neither, as a real event device. The kernel cannot name a FIFO, so the
+// name query is answered from the file ftsim wrote beside it.
+#include <cerrno>
+#include <cstdarg>
+#include <cstring>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <linux/input.h>
+#include <string>
+#include <string_view>
+
+#include "sim/common/input_nodes.h"
+#include "sim/common/simstate.h"
+#include "sim/shim/shim.h"
+
+namespace {
+
+constexpr std::string_view kEventPrefix = "/dev/input/event";
+
+bool is_event_node(const char* path) { return path != nullptr && std::string_view(path).starts_with(kEventPrefix); }
+
+int adjusted(const char* path, int flags) {
+    if (is_event_node(path) && (flags & O_ACCMODE) == O_RDONLY) return (flags & ~O_ACCMODE) | O_RDWR;
+    return flags;
+}
+
+// Only O_CREAT and O_TMPFILE carry a mode.
+mode_t mode_of(int flags, va_list ap) {
+    return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE ? static_cast<mode_t>(va_arg(ap, int)) : 0;
+}
+
+template <typename F>
+F next(const char* name) {
+    return reinterpret_cast<F>(dlsym(RTLD_NEXT, name));
+}
+
+using Open = int (*)(const char*, int, ...);
+using OpenAt = int (*)(int, const char*, int, ...);
+
+bool name_query(int fd, unsigned long request, void* arg, int& result) {
+    if (_IOC_TYPE(request) != 'E' || _IOC_NR(request) != _IOC_NR(EVIOCGNAME(0)) || _IOC_DIR(request) != _IOC_READ)
+        return false;
+    const std::string path = ftsim::shim::fd_path(fd);
+    if (!is_event_node(path.c_str())) return false;
+    std::string name;
+    if (!ftsim::read_text(ftsim::hw_path(std::string(ftsim::input::kNameDir) + "/" +
+                                         path.substr(path.rfind('/') + 1)),
+                          name)) {
+        errno = ENODEV;
+        result = -1;
+        return true;
+    }
+    while (!name.empty() && name.back() == '\n') name.pop_back();
+    // As the kernel: the name with its terminator, cut to the caller's size
+    // (and then unterminated); the result is the number of bytes stored.
+    const std::size_t size = _IOC_SIZE(request);
+    const std::size_t len = std::min(size, name.size() + 1);
+    std::memcpy(arg, name.c_str(), len);
+    result = static_cast<int>(len);
+    return true;
+}
+
+const ftsim::shim::IoctlRegistrar kNames{name_query};
+
+}  // namespace
+
+extern "C" int open(const char* path, int flags, ...) {
+    static const auto real = next<Open>("open");
+    va_list ap;
+    va_start(ap, flags);
+    const mode_t mode = mode_of(flags, ap);
+    va_end(ap);
+    return real(path, adjusted(path, flags), mode);
+}
+
+extern "C" int open64(const char* path, int flags, ...) {
+    static const auto real = next<Open>("open64");
+    va_list ap;
+    va_start(ap, flags);
+    const mode_t mode = mode_of(flags, ap);
+    va_end(ap);
+    return real(path, adjusted(path, flags), mode);
+}
+
+extern "C" int openat(int dir, const char* path, int flags, ...) {
+    static const auto real = next<OpenAt>("openat");
+    va_list ap;
+    va_start(ap, flags);
+    const mode_t mode = mode_of(flags, ap);
+    va_end(ap);
+    return real(dir, path, adjusted(path, flags), mode);
+}
+
+extern "C" int openat64(int dir, const char* path, int flags, ...) {
+    static const auto real = next<OpenAt>("openat64");
+    va_list ap;
+    va_start(ap, flags);
+    const mode_t mode = mode_of(flags, ap);
+    va_end(ap);
+    return real(dir, path, adjusted(path, flags), mode);
+}
