@@ -42,7 +42,9 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
 
     std::vector<std::string> a{"bwrap", "--die-with-parent", "--unshare-pid", "--unshare-net", "--unshare-ipc",
                                "--unshare-uts", "--unshare-cgroup-try", "--hostname", "phone", "--cap-drop", "ALL"};
-    if (geteuid() != 0) add(a, {"--unshare-user", "--uid", "0", "--gid", "0"});
+    // A user namespace of its own even when started by root: whatever the phone's
+    // root does, its capabilities never reach the host's kernel, mounts or devices.
+    add(a, {"--unshare-user", "--uid", "0", "--gid", "0"});
     if (!interactive) a.push_back("--new-session");
     add(a, {"--tmpfs", "/", "--ro-bind", "/usr", "/usr", "--ro-bind", "/etc", "/etc", "--symlink", "usr/bin", "/bin",
             "--symlink", "usr/sbin", "/sbin", "--symlink", "usr/lib", "/lib"});
