@@ -107,10 +107,10 @@ class Session:
         """The expected text, with each pattern line shown as written."""
         return b"".join(lit if pat is None else b"~ " + pat + b"\n" for lit, pat in self.parts)
 
-    def _matches(self, actual, whole):
-        """Length of the prefix of actual that the parts match, or None."""
+    def _matches(self, actual):
+        """Whether actual is exactly the expected text, patterns matched line by line."""
         regex = b"".join(re.escape(lit) if pat is None else pat + b"\n" for lit, pat in self.parts)
-        return (re.fullmatch if whole else re.match)(regex, actual)
+        return re.fullmatch(regex, actual) is not None
 
     def sync(self, where):
         # Wait for as many lines as expected, and the unfinished last line.
@@ -128,7 +128,7 @@ class Session:
             if cut >= 0 or lines == 0:
                 upto = cut + 1 + tail
                 if len(actual) >= upto:
-                    if self._matches(actual[:upto], True):
+                    if self._matches(actual[:upto]):
                         return
                     break
             if self.out.closed or time.monotonic() > deadline:
@@ -154,7 +154,7 @@ class Session:
             raise Failure(f"{where}: the shell did not end within {TIMEOUT:.0f} s")
         self.out.thread.join()
         self.err.thread.join()
-        if not self._matches(self.out.data, True):
+        if not self._matches(self.out.data):
             raise Failure(f"{where}: the shell's output differs\n" + show_difference(self.expected, self.out.data))
         if self.err.data != self.expected_err:
             raise Failure(f"{where}: the shell's standard error differs\n" +
