@@ -67,9 +67,15 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
     add(a, {"--clearenv", "--setenv", "PATH", "/system/bin:/usr/sbin:/usr/bin:/sbin:/bin", "--setenv", "HOME", "/data",
             "--setenv", "TERM", term ? term : "dumb", "--setenv", "LD_LIBRARY_PATH", "/system/lib", "--setenv",
             "LD_PRELOAD", "/system/lib/libftsim_shim.so", "--chdir", "/"});
-    // In sanitizer builds the shim is preloaded ahead of the sanitizer runtime:
-    // the options that allow it must reach the phone's processes too.
-    for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS"})
+    // The caller's sanitizer options reach the phone's processes. In an
+    // AddressSanitizer build the shim is preloaded ahead of the sanitizer's
+    // runtime, which that runtime refuses unless told it is expected.
+    std::string asan = std::getenv("ASAN_OPTIONS") ? std::getenv("ASAN_OPTIONS") : "";
+#ifdef __SANITIZE_ADDRESS__
+    asan += std::string(asan.empty() ? "" : ":") + "verify_asan_link_order=0";
+#endif
+    if (!asan.empty()) add(a, {"--setenv", "ASAN_OPTIONS", asan});
+    for (const char* name : {"UBSAN_OPTIONS", "TSAN_OPTIONS"})
         if (const char* value = std::getenv(name)) add(a, {"--setenv", name, value});
     a.insert(a.end(), command.begin(), command.end());
 

@@ -20,14 +20,6 @@ CERTS = "persist/reserved/cp/certs"
 PBE = "pbeWithSHA1And3-KeyTripleDES-CBC"
 
 
-def sanitizer_env():
-    # The kernel shim is preloaded ahead of a sanitizer runtime, and ftsim
-    # loads the sanitized replacement libraries: both are expected here.
-    env = dict(os.environ)
-    env["ASAN_OPTIONS"] = env.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0"
-    return env
-
-
 class Phone:
     def __init__(self, ftsim, openssl, state):
         self.ftsim, self.openssl, self.state = ftsim, openssl, state
@@ -35,16 +27,14 @@ class Phone:
         self.ctl("reset")
 
     def ctl(self, *args):
-        res = subprocess.run([self.ftsim, "--state", self.state, *args], capture_output=True, text=True, timeout=60,
-                             env=sanitizer_env())
+        res = subprocess.run([self.ftsim, "--state", self.state, *args], capture_output=True, text=True, timeout=60)
         if res.returncode != 0:
             raise AssertionError(f"ftsim {' '.join(args)} failed: {res.stderr}")
         return res.stdout
 
     def shell(self, *commands):
-        env = sanitizer_env()
         res = subprocess.run([self.ftsim, "--state", self.state, "shell"], input="".join(c + "\n" for c in commands),
-                             capture_output=True, text=True, timeout=120, env=env)
+                             capture_output=True, text=True, timeout=120)
         if res.returncode != 0 or res.stderr:
             raise AssertionError(f"shell ended {res.returncode}: {res.stderr}")
         return res.stdout

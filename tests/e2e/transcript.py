@@ -86,11 +86,8 @@ def show_difference(expected, actual):
 class Session:
     def __init__(self, ftsim, state, name):
         self.name = name
-        env = dict(os.environ)
-        # The kernel shim is preloaded ahead of a sanitizer runtime; that is expected here.
-        env["ASAN_OPTIONS"] = env.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0"
         self.proc = subprocess.Popen([ftsim, "--state", state, "shell"], stdin=subprocess.PIPE,
-                                     stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=env)
+                                     stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.out = Stream(self.proc.stdout)
         self.err = Stream(self.proc.stderr)
         self.parts = []  # (literal bytes, regex source or None)
@@ -167,10 +164,7 @@ def run_host(ftsim, state, line, expect_ok, expected_lines, where):
     words = shlex.split(line)
     if not words or words[0] != "ftsim":
         raise Failure(f"{where}: host steps run ftsim only: {line!r}")
-    env = dict(os.environ)
-    # ftsim loads the (possibly sanitized) replacement libraries too.
-    env["ASAN_OPTIONS"] = env.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0"
-    res = subprocess.run([ftsim, "--state", state] + words[1:], capture_output=True, timeout=TIMEOUT, env=env)
+    res = subprocess.run([ftsim, "--state", state] + words[1:], capture_output=True, timeout=TIMEOUT)
     if (res.returncode == 0) != expect_ok:
         raise Failure(f"{where}: '{line}' exited {res.returncode}\n{res.stderr.decode(errors='replace')}")
     if expected_lines is not None:
