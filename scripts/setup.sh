@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-packages=(g++ cmake ninja-build pkg-config libreadline-dev libssl-dev openssl libpng-dev libgtest-dev
+packages=(g++ cmake ninja-build pkg-config libreadline-dev libssl-dev openssl libpng-dev libgtest-dev libbenchmark-dev
           bubblewrap busybox python3)
 missing=()
 for p in "${packages[@]}"; do
