@@ -70,7 +70,8 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
     // The caller's sanitizer options reach the phone's processes. In an
     // AddressSanitizer build the shim is preloaded ahead of the sanitizer's
     // runtime, which that runtime refuses unless told it is expected.
-    std::string asan = std::getenv("ASAN_OPTIONS") ? std::getenv("ASAN_OPTIONS") : "";
+    const char* asan_given = std::getenv("ASAN_OPTIONS");
+    std::string asan = asan_given ? asan_given : "";
 #ifdef __SANITIZE_ADDRESS__
     asan += std::string(asan.empty() ? "" : ":") + "verify_asan_link_order=0";
 #endif
