@@ -63,41 +63,6 @@ ft>program list all
 # A read that only reports a positive result still counts as failed for the printer.
 $ ftsim fail eeprom_read 1
 ft>program read MODEL_NUM
-ft>program list all
- 0: OPERATIONAL_MODE = ""
- 1: ETHERADD = ""
- 2: BLUETOOTHADD = ""
- 3: WIFIADD = ""
- 4: SN_UNIT = ""
- 5: SN_PWB = ""
- 6: CC_UNIT = ""
- 7: CC_PWB = ""
- 8: MODEL_NUM = ""
- 9: GEN_VER = ""
-10: HW_VER = ""
-11: ID_LCD_GLASS = ""
-12: ID_LCD_CONTROLLER = ""
-13: ID_TOUCH_CONTROLLER = ""
-14: RF_COMBO_MODULE = ""
-15: CAMERA_MODULE = ""
-16: NM_HF_M1 = ""
-17: NM_HAND_M = ""
-18: NM_HEAD_M = ""
-19: NM_CORDLESS_M = ""
-20: NM_35_M = ""
-21: NM_HF_S = ""
-22: NM_HAND_S = ""
-23: NM_HEAD_S = ""
-24: NM_CORDLESS_S = ""
-25: NM_35_S = ""
-26: CONFIGDATA_HAND_RX_GAIN = ""
-27: CONFIGDATA_HAND_TX_GAIN = ""
-28: SEC_MODE = ""
-29: ADB_ROOT = ""
-30: SERIAL_ENABLED = ""
-31: AUTH_ENABLED = ""
-32: CONFIGDATA_DES_SUPPORT = ""
-33: EEA_PRODUCT = ""
 $ ftsim unfail eeprom_read
 $! ftsim unfail eeprom_read
 | ftsim: 'eeprom_read' is not set to fail

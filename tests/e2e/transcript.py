@@ -25,6 +25,7 @@ The shell's output must match the transcript byte for byte and in full: a line
 it printed that the transcript does not list is a failure too.
 """
 import argparse
+import difflib
 import os
 import re
 import shlex
@@ -74,20 +75,13 @@ class Failure(Exception):
 
 
 def show_difference(expected, actual):
-    exp = expected.decode(errors="replace").split("\n")
-    act = actual.decode(errors="replace").split("\n")
-    lines = []
-    for i in range(max(len(exp), len(act))):
-        e = exp[i] if i < len(exp) else None
-        a = act[i] if i < len(act) else None
-        mark = "  " if e == a else "!!"
-        lines.append(f"{mark} expected {e!r}\n   actual   {a!r}")
-    return "\n".join(lines)
+    return "\n".join(difflib.unified_diff(expected.decode(errors="replace").split("\n"),
+                                           actual.decode(errors="replace").split("\n"),
+                                           "expected", "actual", lineterm=""))
 
 
 class Session:
-    def __init__(self, ftsim, state, name):
-        self.name = name
+    def __init__(self, ftsim, state):
         self.proc = subprocess.Popen([ftsim, "--state", state, "shell"], stdin=subprocess.PIPE,
                                      stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.out = Stream(self.proc.stdout)
@@ -230,7 +224,7 @@ def play(path, ftsim):
             elif line == "@ shell":
                 if session:
                     raise Failure(f"{where}: a session is still running")
-                session = Session(ftsim, state, path)
+                session = Session(ftsim, state)
             elif line.startswith("@ exit"):
                 if not session:
                     raise Failure(f"{where}: no session")
