@@ -169,29 +169,18 @@ int get_framebuffer_resolution(std::uint32_t* width_out, std::uint32_t* height_o
     return -1;
 }
 
-int setcolor(unsigned index, std::uint32_t rgb) {
+namespace {
+
+// Every drawing call refuses an index outside the palette before taking the
+// lock, and draws only while the framebuffer is mapped.
+template <typename Draw>
+int draw_while_open(unsigned index, Draw draw) {
     if (index > 255) return -1;
     FB_LOCK();
-    int result = -1;
-    if (g_state == 1) {
-        g_palette[index] = 0xFF000000u | (rgb & 0xFFFFFFu);
-        result = 0;
-    }
+    const bool mapped = g_state == 1;
+    if (mapped) draw();
     FB_UNLOCK();
-    return result;
-}
-
-int pixel(int x, int y, unsigned colour) {
-    if (colour > 255) return -1;
-    FB_LOCK();
-    int result = -1;
-    if (g_state == 1) {
-        plot(x, y, g_palette[colour], g_width.load(std::memory_order_relaxed),
-             g_height.load(std::memory_order_relaxed));
-        result = 0;
-    }
-    FB_UNLOCK();
-    return result;
+    return mapped ? 0 : -1;
 }
 
 void render_line(int x0, int y0, int x1, int y1, unsigned colour) {
@@ -236,45 +225,38 @@ void render_line(int x0, int y0, int x1, int y1, unsigned colour) {
     }
 }
 
+}  // namespace
+
+int setcolor(unsigned index, std::uint32_t rgb) {
+    return draw_while_open(index, [&] { g_palette[index] = 0xFF000000u | (rgb & 0xFFFFFFu); });
+}
+
+int pixel(int x, int y, unsigned colour) {
+    return draw_while_open(colour, [&] {
+        plot(x, y, g_palette[colour], g_width.load(std::memory_order_relaxed),
+             g_height.load(std::memory_order_relaxed));
+    });
+}
+
 int line(int x0, int y0, int x1, int y1, unsigned colour) {
-    if (colour > 255) return -1;
-    FB_LOCK();
-    int result = -1;
-    if (g_state == 1) {
-        render_line(x0, y0, x1, y1, colour);
-        result = 0;
-    }
-    FB_UNLOCK();
-    return result;
+    return draw_while_open(colour, [&] { render_line(x0, y0, x1, y1, colour); });
 }
 
 int rect(int x0, int y0, int x1, int y1, unsigned colour) {
-    if (colour > 255) return -1;
-    FB_LOCK();
-    int result = -1;
-    if (g_state == 1) {
+    return draw_while_open(colour, [&] {
         render_line(x0, y0, x1, y0, colour);
         render_line(x1, y0, x1, y1, colour);
         render_line(x1, y1, x0, y1, colour);
         render_line(x0, y1, x0, y0, colour);
-        result = 0;
-    }
-    FB_UNLOCK();
-    return result;
+    });
 }
 
 int fillrect(int x0, int y0, int x1, int y1, unsigned colour) {
-    if (colour > 255) return -1;
-    FB_LOCK();
-    int result = -1;
-    if (g_state == 1) {
+    return draw_while_open(colour, [&] {
         const int top = y0 < y1 ? y0 : y1;
         const int bottom = y0 < y1 ? y1 : y0;
         for (long long y = top; y <= bottom; ++y) render_line(x0, static_cast<int>(y), x1, static_cast<int>(y), colour);
-        result = 0;
-    }
-    FB_UNLOCK();
-    return result;
+    });
 }
 
 namespace drvfb_testing {

@@ -19,8 +19,6 @@ int pixel(int x, int y, unsigned colour);
 int line(int x0, int y0, int x1, int y1, unsigned colour);
 int rect(int x0, int y0, int x1, int y1, unsigned colour);
 int fillrect(int x0, int y0, int x1, int y1, unsigned colour);
-// Internal: the caller holds the lock and the framebuffer is open.
-void render_line(int x0, int y0, int x1, int y1, unsigned colour);
 
 // Seams for tests and benchmarks, which run without the phone's device node
 // and kernel. The phone never calls these.

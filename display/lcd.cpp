@@ -32,10 +32,9 @@ constexpr std::array<PaletteEntry, 6> kPalette{{
 
 constexpr int kDigitSize = 100;
 constexpr std::uint32_t kImageWhite = 0x00FFFFFF;
-const std::uint32_t* const kDigitZero = image_arr_0;
-constexpr std::array<const std::uint32_t*, 9> kDigitImages{image_arr_1, image_arr_2, image_arr_3,
-                                                          image_arr_4, image_arr_5, image_arr_6,
-                                                          image_arr_7, image_arr_8, image_arr_9};
+constexpr std::array<const std::uint32_t*, 10> kDigitImages{image_arr_0, image_arr_1, image_arr_2, image_arr_3,
+                                                           image_arr_4, image_arr_5, image_arr_6, image_arr_7,
+                                                           image_arr_8, image_arr_9};
 
 bool is_colour(int c) { return c >= 1 && c <= 5; }
 
@@ -59,6 +58,15 @@ int draw_pattern(Draw draw) {
     result |= draw(static_cast<int>(w), static_cast<int>(h));
     result |= close_framebuffer();
     return verdict(result);
+}
+
+// Lines through the centre on a filled screen: the crosshair, and the grid
+// before its frame.
+int draw_cross(int w, int h, unsigned background, unsigned ink) {
+    int r = fillrect(0, 0, w - 1, h - 1, background);
+    r |= line(w / 2, 0, w / 2, h - 1, ink);
+    r |= line(0, h / 2, w - 1, h / 2, ink);
+    return r;
 }
 
 }  // namespace
@@ -86,12 +94,7 @@ int lcd_fill(const char* color) {
 }
 
 int lcd_crosshair() {
-    return draw_pattern([](int w, int h) {
-        int r = fillrect(0, 0, w - 1, h - 1, kWhite);
-        r |= line(w / 2, 0, w / 2, h - 1, kBlack);
-        r |= line(0, h / 2, w - 1, h / 2, kBlack);
-        return r;
-    });
+    return draw_pattern([](int w, int h) { return draw_cross(w, h, kWhite, kBlack); });
 }
 
 int lcd_invertgrid(const char* color) {
@@ -103,11 +106,8 @@ int lcd_invertgrid(const char* color) {
     const unsigned fg = static_cast<unsigned>(c);
     const unsigned background = fg == kBlack ? kWhite : kBlack;
     return draw_pattern([fg, background](int w, int h) {
-        int r = fillrect(0, 0, w - 1, h - 1, background);
-        r |= line(w / 2, 0, w / 2, h - 1, fg);
-        r |= line(0, h / 2, w - 1, h / 2, fg);
-        r |= rect(0, 0, w - 1, h - 1, fg);
-        return r;
+        const int r = draw_cross(w, h, background, fg);
+        return r | rect(0, 0, w - 1, h - 1, fg);
     });
 }
 
@@ -138,14 +138,12 @@ int lcd_fl(const char* bars, const char* color1, const char* color2) {
     }
     result |= open_framebuffer();
     const std::uint64_t rows = h, count = static_cast<std::uint64_t>(n);
-    int previous = 0;
     for (std::uint64_t i = 0; i < count; ++i) {
-        const int colour = (i > 0 && previous == c1) ? c2 : c1;
+        const int colour = i % 2 == 0 ? c1 : c2;
         // Integer division spreads the rows so bar heights differ by at most one.
         const auto top = static_cast<int>(rows * i / count);
         const auto bottom = static_cast<int>(rows * (i + 1) / count) - 1;
         result |= fillrect(0, top, static_cast<int>(w) - 1, bottom, static_cast<unsigned>(colour));
-        previous = colour;
     }
     result |= close_framebuffer();
     return verdict(result);
@@ -159,23 +157,19 @@ int lcd_digit(const char* color, const char* digit) {
     const bool white_digit = letter == 'W' || letter == 'w';
     const unsigned background = white_digit ? kBlack : kWhite;
     const unsigned ink = white_digit ? kWhite : kBlack;
-
-    std::uint32_t w = 0, h = 0;
-    int result = open_framebuffer();
-    result |= get_framebuffer_resolution(&w, &h);
-    const std::uint32_t* image = d == 0 ? kDigitZero : kDigitImages[static_cast<std::size_t>(d - 1)];
-    const int sw = static_cast<int>(w), sh = static_cast<int>(h);
-    result |= fillrect(0, 0, sw - 1, sh - 1, background);
-    if (w >= kDigitSize && h >= kDigitSize) {
-        const int left = sw / 2 - kDigitSize / 2, top = sh / 2 - kDigitSize / 2;
-        // Pixel by pixel, one lock each: a single digit is 10,000 calls, which
-        // the station never notices.
-        for (int r = 0; r < kDigitSize; ++r)
-            for (int c = 0; c < kDigitSize; ++c)
-                pixel(left + c, top + r, image[r * kDigitSize + c] == kImageWhite ? background : ink);
-    }
-    result |= close_framebuffer();
-    return verdict(result);
+    const std::uint32_t* image = kDigitImages[static_cast<std::size_t>(d)];
+    return draw_pattern([=](int w, int h) {
+        const int result = fillrect(0, 0, w - 1, h - 1, background);
+        if (w >= kDigitSize && h >= kDigitSize) {
+            const int left = w / 2 - kDigitSize / 2, top = h / 2 - kDigitSize / 2;
+            // Pixel by pixel, one lock each: a single digit is 10,000 calls,
+            // which the station never notices.
+            for (int r = 0; r < kDigitSize; ++r)
+                for (int c = 0; c < kDigitSize; ++c)
+                    pixel(left + c, top + r, image[r * kDigitSize + c] == kImageWhite ? background : ink);
+        }
+        return result;
+    });
 }
 
 int backlight(const char* word) {
