@@ -37,11 +37,6 @@ void print_error_header(const char* unit, const char* step, int line);
 // Size of the seed in bytes: the key length of AES-256-CBC.
 int seed_length();
 
-// Bytes the base64 output of n input bytes needs, newlines included and the
-// terminator excluded, for an encoder that ends a line after line_length input
-// bytes (0 means the length could not be read: no newlines are counted).
-std::size_t base64_buffer_size(std::size_t n, std::size_t line_length);
-
 // The seed reading and base64 steps, reporting under the given unit: the bundle
 // regeneration re-derives the key with the same steps under its own unit.
 int read_factory_seed(const char* unit, unsigned char* seed, int length);
