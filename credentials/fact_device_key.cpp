@@ -60,6 +60,14 @@ struct EncodeCtxDeleter {
 };
 using EncodeCtx = std::unique_ptr<EVP_ENCODE_CTX, EncodeCtxDeleter>;
 
+// Bytes the base64 output of n input bytes needs, newlines included and the
+// terminator excluded.
+std::size_t base64_buffer_size(std::size_t n) {
+    const std::size_t pad = n % 3 == 0 ? 0 : 4 - n % 3;
+    const std::size_t lines = (n + kEncoderLineInput - 1) / kEncoderLineInput;
+    return (4 * n) / 3 + pad + lines;
+}
+
 void report(int at, const char* step, const char* message) {
     print_error_header(kUnit, step, at);
     std::puts(message);
@@ -86,12 +94,6 @@ void print_error_header(const char* unit, const char* step, int line) {
 }
 
 int seed_length() { return EVP_CIPHER_key_length(EVP_aes_256_cbc()); }
-
-std::size_t base64_buffer_size(std::size_t n, std::size_t line_length) {
-    const std::size_t pad = n % 3 == 0 ? 0 : 4 - n % 3;
-    const std::size_t lines = line_length == 0 ? 0 : (n + line_length - 1) / line_length;
-    return (4 * n) / 3 + pad + lines;
-}
 
 int read_factory_seed(const char* unit, unsigned char* seed, int length) {
     ft::UniqueFile file(std::fopen(kSeedPath, "rb"));
@@ -132,7 +134,7 @@ CText base64_encode(const char* unit, const unsigned char* data, int length) {
     int final_length = 0;
 
     const std::size_t n = length > 0 ? static_cast<std::size_t>(length) : 0;
-    const std::size_t size = base64_buffer_size(n, kEncoderLineInput);
+    const std::size_t size = base64_buffer_size(n);
     CText out(static_cast<char*>(std::calloc(size + 1, 1)));
     if (!out) return fail(line::kBase64Alloc, "Unable to allocate memory");
     auto* text = reinterpret_cast<unsigned char*>(out.get());
@@ -143,7 +145,7 @@ CText base64_encode(const char* unit, const unsigned char* data, int length) {
     // The bytes the encoder still holds are less than one line: they come out
     // at the final call as one short line with its newline.
     const int held = EVP_ENCODE_CTX_num(ctx.get());
-    const std::size_t predicted = held > 0 ? base64_buffer_size(static_cast<std::size_t>(held), kEncoderLineInput) : 0;
+    const std::size_t predicted = held > 0 ? base64_buffer_size(static_cast<std::size_t>(held)) : 0;
     if (static_cast<std::size_t>(update_length) + predicted > size)
         return fail(line::kBase64Overflow, "EVP_EncodeUpdate has consumed more than required space");
 
@@ -188,7 +190,7 @@ int get_char_random_value(unsigned char* buf, int length) {
     if (RAND_bytes(buf, length) == 1) return 0;
     std::array<char, 512> text{};
     ERR_error_string_n(ERR_get_error(), text.data(), text.size());
-    print_error_header("fact_device_key", __func__, line::kRandomError);
+    print_error_header(kUnit, __func__, line::kRandomError);
     std::printf("Error for random value : %s \n", text.data());
     return -1;
 }
@@ -237,16 +239,15 @@ int gen_factory_seed() {
     return failed ? remove_seed_after_failure() : 0;
 }
 
-int get_factory_seed(unsigned char* seed, int length) { return read_factory_seed("fact_device_key", seed, length); }
+int get_factory_seed(unsigned char* seed, int length) { return read_factory_seed(kUnit, seed, length); }
 
-CText do_base64_encode(const unsigned char* data, int length) { return base64_encode("fact_device_key", data, length); }
+CText do_base64_encode(const unsigned char* data, int length) { return base64_encode(kUnit, data, length); }
 
-CText gen_factory_device_key() {
+CText gen_factory_device_key(MacText& mac) {
     if (gen_factory_seed() != 0) {
         report(line::kKeySeed, __func__, "Failed to generate factory seed");
         return nullptr;
     }
-    std::array<char, kMacTextSize> mac{};
     if (get_mac_address(mac.data(), static_cast<int>(mac.size())) != 0) {
         // The new seed stays: only the seed step itself takes it back.
         report(line::kKeyMac, __func__, "Failed to get MAC of device");

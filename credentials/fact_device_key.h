@@ -2,6 +2,7 @@
 // Factory seed and device key. The device key is the password of the factory
 // PKCS#12 bundle; it is never stored, only derived again from the seed file and
 // the MAC whenever it is needed.
+#include <array>
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
@@ -24,6 +25,7 @@ inline constexpr const char* kSeedPath = "/reserved/cp/certs/factorySeed";
 // MAC text buffer: twelve hexadecimal digits and the terminator.
 inline constexpr int kMacTextSize = 13;
 inline constexpr int kMacTextLength = 12;
+using MacText = std::array<char, kMacTextSize>;
 // HMAC-SHA256 writes 32 bytes; the buffer is kept roomy on purpose.
 inline constexpr std::size_t kDigestBufferSize = 64;
 
@@ -34,11 +36,6 @@ void print_error_header(const char* unit, const char* step, int line);
 
 // Size of the seed in bytes: the key length of AES-256-CBC.
 int seed_length();
-
-// Bytes the base64 output of n input bytes needs, newlines included and the
-// terminator excluded, for an encoder that ends a line after line_length input
-// bytes (0 means the length could not be read: no newlines are counted).
-std::size_t base64_buffer_size(std::size_t n, std::size_t line_length);
 
 // The seed reading and base64 steps, reporting under the given unit: the bundle
 // regeneration re-derives the key with the same steps under its own unit.
@@ -57,5 +54,6 @@ int get_char_random_value(unsigned char* buf, int length);
 int get_factory_seed(unsigned char* seed, int length);
 // Base64 text of the bytes with the encoder's line ends, or null.
 ft::cred::CText do_base64_encode(const unsigned char* data, int length);
-// New seed, then the key derived from it and the MAC text; null on failure.
-ft::cred::CText gen_factory_device_key();
+// New seed, then the key derived from it and the MAC text, which is left in
+// mac for the certificate; null on failure.
+ft::cred::CText gen_factory_device_key(ft::cred::MacText& mac);

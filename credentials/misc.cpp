@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdarg>
 #include <cstdio>
 #include <cstring>
 
@@ -31,14 +32,6 @@ constexpr const char* kBundlePath = "/reserved/cp/certs/factorycert.p12";
 constexpr const char* kThumbPath = "/reserved/cp/certs/cert_thumbprint";
 constexpr const char* kOpensslConfig = "/system/etc/openssl.cnf";
 
-// Command line buffers, each sized for its fixed paths plus the 12-character
-// MAC text or the 45-character key text.
-using RmLine = std::array<char, 100>;
-using MkdirLine = std::array<char, 100>;
-using OpensslLine = std::array<char, 200>;
-using ExportLine = std::array<char, 255>;
-using FingerprintLine = std::array<char, 150>;
-
 // Fixed report lines of this unit (see ft::cred::print_error_header).
 namespace line {
 constexpr int kModeRead = 92;
@@ -48,7 +41,6 @@ constexpr int kSetTime = 110;
 constexpr int kCreateCerts = 116;
 constexpr int kNoDeviceKey = 123;
 constexpr int kPrivateKey = 131;
-constexpr int kNoMac = 137;
 constexpr int kSelfSigned = 146;
 constexpr int kPkcs12 = 155;
 constexpr int kNoThumbprint = 162;
@@ -98,21 +90,22 @@ bool exists(const char* path) {
     return stat(path, &st) == 0;
 }
 
-// snprintf into a fixed line; a line that does not fit is never run, because a
-// cut-off command line could write somewhere else than intended.
-template <std::size_t N>
-int run_formatted(std::array<char, N>& buffer, int written) {
-    if (written < 0 || static_cast<std::size_t>(written) >= N) {
+// Formats one command line and runs it. A line that does not fit is never
+// run, because a cut-off command line could write somewhere else than intended.
+[[gnu::format(printf, 1, 2)]] int run_line(const char* format, ...) {
+    std::array<char, 256> line{};
+    va_list args;
+    va_start(args, format);
+    const int written = std::vsnprintf(line.data(), line.size(), format, args);
+    va_end(args);
+    if (written < 0 || static_cast<std::size_t>(written) >= line.size()) {
         errno = E2BIG;
         return -1;
     }
-    return ft::run_command(buffer.data());
+    return ft::run_command(line.data());
 }
 
-int run_rm(const char* path) {
-    RmLine command{};
-    return run_formatted(command, std::snprintf(command.data(), command.size(), "rm -f %s", path));
-}
+int run_rm(const char* path) { return run_line("rm -f %s", path); }
 
 // Removes path when it exists. False (after the message) only when the shell
 // could not be run.
@@ -124,18 +117,22 @@ bool remove_if_present(const char* step, int at, const char* path) {
     return false;
 }
 
+// gencert and regenfipscert must protect the bundle alike.
+int export_bundle(const char* key) {
+    return run_line("openssl pkcs12 -descert -certpbe PBE-SHA1-3DES -keypbe PBE-SHA1-3DES -export -in %s -inkey %s "
+                    "-out %s -password pass:%s",
+                    kCertPath, kKeyPath, kBundlePath, key);
+}
+
 bool make_directory_if_missing(const char* path) {
     if (exists(path)) return true;
-    MkdirLine command{};
-    return run_formatted(command, std::snprintf(command.data(), command.size(), "mkdir %s", path)) >= 0;
+    return run_line("mkdir %s", path) >= 0;
 }
 
 enum class Outcome { kDone, kFailed, kNoDeviceKey };
 
-// The making of the key, certificate, bundle and thumbprint. The texts it
-// obtains are handed back through key and thumbprint so that the caller
-// releases them before it cleans up the files.
-Outcome make_certificate(CText& key, CText& thumbprint) {
+// The making of the key, certificate, bundle and thumbprint.
+Outcome make_certificate() {
     constexpr const char* kStep = "gen_self_signed_cert";
     if (!make_directory_if_missing(kCpDir)) {
         report(kStep, line::kCreateCp, "Unable to create /reserved/cp");
@@ -150,41 +147,29 @@ Outcome make_certificate(CText& key, CText& thumbprint) {
         report(kStep, line::kCreateCerts, "Unable to create /reserved/cp/certs");
         return Outcome::kFailed;
     }
-    key = gen_factory_device_key();
+    ft::cred::MacText mac{};
+    const CText key = gen_factory_device_key(mac);
     if (!key) {
         report(kStep, line::kNoDeviceKey, "Unable to generate factory base64 device key");
         return Outcome::kNoDeviceKey;
     }
-    OpensslLine ecparam{};
-    if (run_formatted(ecparam, std::snprintf(ecparam.data(), ecparam.size(),
-                                             "openssl ecparam -out %s -name prime256v1 -genkey", kKeyPath)) < 0) {
+    if (run_line("openssl ecparam -out %s -name prime256v1 -genkey", kKeyPath) < 0) {
         report(kStep, line::kPrivateKey, "Unable to generate private key");
         return Outcome::kFailed;
     }
-    std::array<char, ft::cred::kMacTextSize> mac{};
-    if (get_mac_address(mac.data(), static_cast<int>(mac.size())) != 0) {
-        report(kStep, line::kNoMac, "Unable to get MAC");
-        return Outcome::kFailed;
-    }
-    OpensslLine req{};
-    if (run_formatted(req, std::snprintf(req.data(), req.size(),
-                                         "openssl req -key %s -new -x509 -days 7300 -out %s -subj "
-                                         "\"/C=US/ST=CA/O=Velor,Inc./CN=%s\" -config %s",
-                                         kKeyPath, kCertPath, mac.data(), kOpensslConfig)) < 0) {
+    if (run_line("openssl req -key %s -new -x509 -days 7300 -out %s -subj \"/C=US/ST=CA/O=Velor,Inc./CN=%s\" "
+                 "-config %s",
+                 kKeyPath, kCertPath, mac.data(), kOpensslConfig) < 0) {
         report(kStep, line::kSelfSigned, "Unable to generate self signed certificate");
         return Outcome::kFailed;
     }
     // The key text ends in a newline: as the last word it ends the shell
     // command, so openssl gets the 44 characters before it as the password.
-    ExportLine bundle{};
-    if (run_formatted(bundle, std::snprintf(bundle.data(), bundle.size(),
-                                            "openssl pkcs12 -descert -certpbe PBE-SHA1-3DES -keypbe PBE-SHA1-3DES "
-                                            "-export -in %s -inkey %s -out %s -password pass:%s",
-                                            kCertPath, kKeyPath, kBundlePath, key.get())) < 0) {
+    if (export_bundle(key.get()) < 0) {
         report(kStep, line::kPkcs12, "Unable to generate PKCS12");
         return Outcome::kFailed;
     }
-    thumbprint = get_formatted_thumb_print();
+    const CText thumbprint = get_formatted_thumb_print();
     if (!thumbprint) {
         report(kStep, line::kNoThumbprint, "Unable to get formatted thumbprint");
         return Outcome::kFailed;
@@ -284,7 +269,7 @@ int derive_existing_key(CText& key) {
         report(kStep, line::kRegenDigestAlloc, "Failed to allocate memory");
         return 0;
     }
-    std::array<char, ft::cred::kMacTextSize> mac{};
+    ft::cred::MacText mac{};
     if (get_mac_address(mac.data(), static_cast<int>(mac.size())) != 0) {
         report(kStep, line::kRegenNoMac, "Unable to get MAC");
         return 0;
@@ -306,10 +291,7 @@ int derive_existing_key(CText& key) {
 
 CText get_formatted_thumb_print() {
     constexpr const char* kStep = "get_formatted_thumb_print";
-    FingerprintLine fingerprint{};
-    if (run_formatted(fingerprint, std::snprintf(fingerprint.data(), fingerprint.size(),
-                                                 "openssl x509 -in %s -fingerprint -noout -sha256 > %s", kCertPath,
-                                                 kThumbPath)) < 0) {
+    if (run_line("openssl x509 -in %s -fingerprint -noout -sha256 > %s", kCertPath, kThumbPath) < 0) {
         report(kStep, line::kThumbGenerate, "Couldn't generate thumbprint");
         return nullptr;
     }
@@ -342,12 +324,7 @@ int gen_self_signed_cert() {
         report(kStep, line::kNotFactoryMode, "gencert can only be executed in factory mode");
         return -1;
     }
-    Outcome outcome;
-    {
-        CText key;
-        CText thumbprint;
-        outcome = make_certificate(key, thumbprint);
-    }
+    const Outcome outcome = make_certificate();
     // Without a key nothing of this run reached the bundle, and the earlier
     // bundle and the new seed are left for the station to see.
     if (outcome == Outcome::kNoDeviceKey) return -1;
@@ -371,26 +348,17 @@ int regen_fips_signed_cert() {
     // Each command ends at the key's newline, as in the generation.
     header(kStep, line::kRegenKeyPem);
     std::printf("key PEM %s\n", key.get());
-    OpensslLine extract_cert{};
-    OpensslLine extract_key{};
-    ExportLine bundle{};
-    if (run_formatted(extract_cert, std::snprintf(extract_cert.data(), extract_cert.size(),
-                                                  "openssl pkcs12 -in %s -clcerts -nokeys -out %s -password pass:%s",
-                                                  kBundlePath, kCertPath, key.get())) < 0) {
+    if (run_line("openssl pkcs12 -in %s -clcerts -nokeys -out %s -password pass:%s", kBundlePath, kCertPath,
+                 key.get()) < 0) {
         report(kStep, line::kRegenPem, "Unable to generate PEM");
-    } else if (run_formatted(extract_key, std::snprintf(extract_key.data(), extract_key.size(),
-                                                        "openssl pkcs12 -nodes -in %s -nocerts -out %s -password pass:%s",
-                                                        kBundlePath, kKeyPath, key.get())) < 0) {
+    } else if (run_line("openssl pkcs12 -nodes -in %s -nocerts -out %s -password pass:%s", kBundlePath, kKeyPath,
+                        key.get()) < 0) {
         report(kStep, line::kRegenKey, "Unable to generate KEY");
-    } else if (run_formatted(bundle, std::snprintf(bundle.data(), bundle.size(),
-                                                   "openssl pkcs12 -descert -certpbe PBE-SHA1-3DES -keypbe "
-                                                   "PBE-SHA1-3DES -export -in %s -inkey %s -out %s -password pass:%s",
-                                                   kCertPath, kKeyPath, kBundlePath, key.get())) < 0) {
+    } else if (export_bundle(key.get()) < 0) {
         report(kStep, line::kRegenPkcs12, "Unable to generate PKCS12");
     } else {
         report(kStep, line::kRegenDone, "generated pkcs12");
     }
-    key.reset();
     // The unpacked key is not encrypted: it must not stay on the device.
     remove_if_present(kStep, line::kRegenRemoveKey, kKeyPath);
     remove_if_present(kStep, line::kRegenRemoveCert, kCertPath);

@@ -1,0 +1,48 @@
+// What the simulated phone's store cannot be made to hand over: a MAC field
+// with no terminator, and operational modes the factory commands cannot write.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+#include "credentials/misc.h"
+
+namespace {
+const char* g_field = nullptr;  // null: the store fills the buffer with no terminator
+}
+
+extern "C" int eeprom_read(int, char* buffer, int length) {
+    if (g_field == nullptr) {
+        std::memset(buffer, 'A', static_cast<std::size_t>(length));
+        return 0;
+    }
+    std::snprintf(buffer, static_cast<std::size_t>(length), "%s", g_field);
+    return 0;
+}
+extern "C" int eeprom_nameToIndex(const char*) { return -1; }
+extern "C" int eeprom_write(int, const char*) { return -1; }
+extern "C" int eeprom_set_rw_mode(int) { return -1; }
+// No test may run a command on the host.
+extern "C" int system(const char* command) {
+    ADD_FAILURE() << "ran " << command;
+    return -1;
+}
+
+TEST(DeviceKey, MacFieldWithoutTerminatorIsNotProgrammed) {
+    g_field = nullptr;
+    ft::cred::MacText mac{};
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(get_mac_address(mac.data(), static_cast<int>(mac.size())), -1);
+    EXPECT_NE(testing::internal::GetCapturedStdout().find("():69 MAC is not programmed\n"), std::string::npos);
+}
+
+TEST(Gencert, RefusedUnlessTheModeStartsWithZero) {
+    for (const char* mode : {"", "x"}) {
+        g_field = mode;
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(gen_self_signed_cert(), -1) << "mode '" << mode << "'";
+        EXPECT_EQ(testing::internal::GetCapturedStdout(),
+                  "*ERROR* misc:gen_self_signed_cert():97 gencert can only be executed in factory mode\n");
+    }
+}
