@@ -243,11 +243,12 @@ int get_factory_seed(unsigned char* seed, int length) { return read_factory_seed
 
 CText do_base64_encode(const unsigned char* data, int length) { return base64_encode(kUnit, data, length); }
 
-CText gen_factory_device_key(MacText& mac) {
+CText gen_factory_device_key() {
     if (gen_factory_seed() != 0) {
         report(line::kKeySeed, __func__, "Failed to generate factory seed");
         return nullptr;
     }
+    std::array<char, kMacTextSize> mac{};
     if (get_mac_address(mac.data(), static_cast<int>(mac.size())) != 0) {
         // The new seed stays: only the seed step itself takes it back.
         report(line::kKeyMac, __func__, "Failed to get MAC of device");

@@ -2,7 +2,6 @@
 // Factory seed and device key. The device key is the password of the factory
 // PKCS#12 bundle; it is never stored, only derived again from the seed file and
 // the MAC whenever it is needed.
-#include <array>
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
@@ -25,7 +24,6 @@ inline constexpr const char* kSeedPath = "/reserved/cp/certs/factorySeed";
 // MAC text buffer: twelve hexadecimal digits and the terminator.
 inline constexpr int kMacTextSize = 13;
 inline constexpr int kMacTextLength = 12;
-using MacText = std::array<char, kMacTextSize>;
 // HMAC-SHA256 writes 32 bytes; the buffer is kept roomy on purpose.
 inline constexpr std::size_t kDigestBufferSize = 64;
 
@@ -54,6 +52,5 @@ int get_char_random_value(unsigned char* buf, int length);
 int get_factory_seed(unsigned char* seed, int length);
 // Base64 text of the bytes with the encoder's line ends, or null.
 ft::cred::CText do_base64_encode(const unsigned char* data, int length);
-// New seed, then the key derived from it and the MAC text, which is left in
-// mac for the certificate; null on failure.
-ft::cred::CText gen_factory_device_key(ft::cred::MacText& mac);
+// New seed, then the key derived from it and the MAC text; null on failure.
+ft::cred::CText gen_factory_device_key();

@@ -41,6 +41,7 @@ constexpr int kSetTime = 110;
 constexpr int kCreateCerts = 116;
 constexpr int kNoDeviceKey = 123;
 constexpr int kPrivateKey = 131;
+constexpr int kNoMac = 137;
 constexpr int kSelfSigned = 146;
 constexpr int kPkcs12 = 155;
 constexpr int kNoThumbprint = 162;
@@ -131,8 +132,10 @@ bool make_directory_if_missing(const char* path) {
 
 enum class Outcome { kDone, kFailed, kNoDeviceKey };
 
-// The making of the key, certificate, bundle and thumbprint.
-Outcome make_certificate() {
+// The making of the key, certificate, bundle and thumbprint. The texts it
+// obtains are handed back through key and thumbprint so that the caller
+// releases them before it cleans up the files.
+Outcome make_certificate(CText& key, CText& thumbprint) {
     constexpr const char* kStep = "gen_self_signed_cert";
     if (!make_directory_if_missing(kCpDir)) {
         report(kStep, line::kCreateCp, "Unable to create /reserved/cp");
@@ -147,14 +150,18 @@ Outcome make_certificate() {
         report(kStep, line::kCreateCerts, "Unable to create /reserved/cp/certs");
         return Outcome::kFailed;
     }
-    ft::cred::MacText mac{};
-    const CText key = gen_factory_device_key(mac);
+    key = gen_factory_device_key();
     if (!key) {
         report(kStep, line::kNoDeviceKey, "Unable to generate factory base64 device key");
         return Outcome::kNoDeviceKey;
     }
     if (run_line("openssl ecparam -out %s -name prime256v1 -genkey", kKeyPath) < 0) {
         report(kStep, line::kPrivateKey, "Unable to generate private key");
+        return Outcome::kFailed;
+    }
+    std::array<char, ft::cred::kMacTextSize> mac{};
+    if (get_mac_address(mac.data(), static_cast<int>(mac.size())) != 0) {
+        report(kStep, line::kNoMac, "Unable to get MAC");
         return Outcome::kFailed;
     }
     if (run_line("openssl req -key %s -new -x509 -days 7300 -out %s -subj \"/C=US/ST=CA/O=Velor,Inc./CN=%s\" "
@@ -169,7 +176,7 @@ Outcome make_certificate() {
         report(kStep, line::kPkcs12, "Unable to generate PKCS12");
         return Outcome::kFailed;
     }
-    const CText thumbprint = get_formatted_thumb_print();
+    thumbprint = get_formatted_thumb_print();
     if (!thumbprint) {
         report(kStep, line::kNoThumbprint, "Unable to get formatted thumbprint");
         return Outcome::kFailed;
@@ -269,7 +276,7 @@ int derive_existing_key(CText& key) {
         report(kStep, line::kRegenDigestAlloc, "Failed to allocate memory");
         return 0;
     }
-    ft::cred::MacText mac{};
+    std::array<char, ft::cred::kMacTextSize> mac{};
     if (get_mac_address(mac.data(), static_cast<int>(mac.size())) != 0) {
         report(kStep, line::kRegenNoMac, "Unable to get MAC");
         return 0;
@@ -324,7 +331,12 @@ int gen_self_signed_cert() {
         report(kStep, line::kNotFactoryMode, "gencert can only be executed in factory mode");
         return -1;
     }
-    const Outcome outcome = make_certificate();
+    Outcome outcome;
+    {
+        CText key;
+        CText thumbprint;
+        outcome = make_certificate(key, thumbprint);
+    }
     // Without a key nothing of this run reached the bundle, and the earlier
     // bundle and the new seed are left for the station to see.
     if (outcome == Outcome::kNoDeviceKey) return -1;
@@ -359,6 +371,7 @@ int regen_fips_signed_cert() {
     } else {
         report(kStep, line::kRegenDone, "generated pkcs12");
     }
+    key.reset();
     // The unpacked key is not encrypted: it must not stay on the device.
     remove_if_present(kStep, line::kRegenRemoveKey, kKeyPath);
     remove_if_present(kStep, line::kRegenRemoveCert, kCertPath);

@@ -2,6 +2,7 @@
 // with no terminator, and operational modes the factory commands cannot write.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -31,7 +32,7 @@ extern "C" int system(const char* command) {
 
 TEST(DeviceKey, MacFieldWithoutTerminatorIsNotProgrammed) {
     g_field = nullptr;
-    ft::cred::MacText mac{};
+    std::array<char, ft::cred::kMacTextSize> mac{};
     testing::internal::CaptureStdout();
     EXPECT_EQ(get_mac_address(mac.data(), static_cast<int>(mac.size())), -1);
     EXPECT_NE(testing::internal::GetCapturedStdout().find("():69 MAC is not programmed\n"), std::string::npos);
