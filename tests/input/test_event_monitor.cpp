@@ -21,7 +21,7 @@ using ft::input::Record;
 namespace fs = std::filesystem;
 
 constexpr ft::input::MonitorTexts kTexts{
-    "open %s\n", "no name", "not found", "no thread", "thread: not open", "no handler", "read: not open",
+    "open %s\n", "no name", "not found", "no thread", "thread: not open", "no handler",
     "short [%d] errno [%d]\n", "null", "command: not open", "kill failed", "join failed",
 };
 
@@ -39,7 +39,7 @@ void collect(const Record& r) {
     g_seen.notify_all();
 }
 
-ft::input::Monitor g_monitor{kTexts, SIGUSR1, on_signal, g_stop, keys_only, collect, true};
+ft::input::Monitor g_monitor{kTexts, SIGUSR1, on_signal, g_stop, keys_only, collect};
 
 void* entry(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(ft::input::monitor_run(g_monitor))); }
 
