@@ -31,10 +31,8 @@ Start hookswitch test
 # No second line feed: this event lands on the prompt's line.
 $ ftsim hook off
 ~ ft>HOOKSWITCH event: \[OFF HOOK\]
-> ehs 0
-Stop ehs test
 $ ftsim fail CradleHookswitch_GetState 5 EIO
-ft>hookswitch 2
+> hookswitch 2
 FAIL
 ft>q
 @ exit 0

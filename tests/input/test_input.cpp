@@ -32,9 +32,9 @@ constexpr ft::input::MonitorTexts kTexts{
 
 volatile std::sig_atomic_t g_stop = 0;
 void on_signal(int) { g_stop = 1; }
-bool keys_only(std::uint16_t type) { return type == EV_KEY; }
-void ignore(const Record&) {}
-ft::input::Monitor g_monitor{kTexts, SIGUSR1, on_signal, g_stop, keys_only, ignore};
+// Records are never sent: only the wait and its teardown matter here.
+ft::input::Monitor g_monitor{kTexts, SIGUSR1, on_signal, g_stop, [](std::uint16_t) { return false; },
+                             [](const Record&) {}};
 void* entry(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(ft::input::monitor_run(g_monitor))); }
 
 // A socket pair stands in for the device.
@@ -42,6 +42,8 @@ int launch() {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) return -1;
     g_stop = 0;
+    // As at start-up: every launch must install its handler in time.
+    std::signal(SIGUSR1, SIG_DFL);
     if (ft::input::monitor_launch(g_monitor, ft::UniqueFd(ends[1]), entry) != 0) return -1;
     return ends[0];
 }
