@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "common/unique_handle.h"
+#include "common/words.h"
 
 namespace ft::input {
 namespace {
@@ -55,12 +56,6 @@ ft::UniqueFd find_device(const Monitor& m, const char* dir, const char* wanted) 
 }
 
 }  // namespace
-
-bool mode_word(const char* mode, bool& on) {
-    if (mode[0] == '\0' || mode[1] != '\0' || (mode[0] != '0' && mode[0] != '1')) return false;
-    on = mode[0] == '1';
-    return true;
-}
 
 int monitor_start(Monitor& m, const char* wanted, void* (*thread_entry)(void*), const char* dir) {
     ft::UniqueFd fd = find_device(m, dir, wanted);
@@ -133,26 +128,23 @@ int monitor_run(Monitor& m) {
     m.ready.notify_all();
     if (prepared != 0) return prepared;
 
-    if (m.stop) return 0;
-    for (;;) {
-        const int fd = m.fd.load();
-        if (fd < 0) {
-            std::puts(m.texts.read_not_open);
+    // The device stays open until the thread is joined, so it is the same
+    // descriptor for the whole loop.
+    const int fd = m.fd.load();
+    while (!m.stop) {
+        Record record{};
+        ssize_t n = 0;
+        do {
+            n = read_record(fd, record, waiting_mask);
+        } while (n == static_cast<ssize_t>(sizeof record) && !m.wanted(record.type));
+        if (n == static_cast<ssize_t>(sizeof record)) {
+            m.process(record);
         } else {
-            Record record{};
-            ssize_t n = 0;
-            do {
-                n = read_record(fd, record, waiting_mask);
-            } while (n == static_cast<ssize_t>(sizeof record) && !m.wanted(record.type));
-            if (n == static_cast<ssize_t>(sizeof record)) {
-                m.process(record);
-            } else {
-                const int error = errno;
-                if (error != EINTR && !m.stop) std::printf(m.texts.read_error, static_cast<int>(n), error);
-            }
+            const int error = errno;
+            if (error != EINTR && !m.stop) std::printf(m.texts.read_error, static_cast<int>(n), error);
         }
-        if (m.stop) return 0;
     }
+    return 0;
 }
 
 int monitor_switch(Monitor& m, const char* mode, std::atomic<bool>& reporting, std::atomic<bool>& first_report,
@@ -165,11 +157,11 @@ int monitor_switch(Monitor& m, const char* mode, std::atomic<bool>& reporting, s
         std::puts(m.texts.command_not_open);
         return -1;
     }
-    bool on = false;
-    if (!mode_word(mode, on)) {
+    if (!ft::word_is_one_of(mode, {"0", "1"})) {
         std::puts("Incorrect parameter");
         return -1;
     }
+    const bool on = mode[0] == '1';
     reporting.store(on);
     first_report.store(true);
     std::printf("%s %s test\n", on ? "Start" : "Stop", what);
@@ -190,7 +182,7 @@ int monitor_stop(Monitor& m) {
     // Closed once the thread is gone (or cannot be waited for): closing under
     // a thread still reading could hand the number to another open first.
     close(fd);
-    if (m.forget_device_on_stop) m.fd.store(-1);
+    m.fd.store(-1);
     return result;
 }
 

@@ -29,7 +29,6 @@ struct MonitorTexts {
     const char* thread_failed;    // a line
     const char* thread_not_open;  // a line
     const char* no_handler;       // a line
-    const char* read_not_open;    // a line
     const char* read_error;       // printf format with the read result and errno
     const char* command_null;     // a line
     const char* command_not_open; // a line
@@ -47,8 +46,6 @@ struct Monitor {
     bool (*wanted)(std::uint16_t type);
     // Called on the monitor thread for every wanted record.
     void (*process)(const Record& record);
-    // The jack forgets its device after the teardown; the keypad keeps the number.
-    bool forget_device_on_stop;
 
     std::atomic<int> fd{-1};
     pthread_t thread{};
@@ -74,10 +71,8 @@ int monitor_run(Monitor& m);
 int monitor_switch(Monitor& m, const char* mode, std::atomic<bool>& reporting, std::atomic<bool>& first_report,
                    const char* what);
 
-// Closes the device, signals the thread and joins it.
+// Signals the thread, joins it and closes the device; a second call has
+// nothing left to stop.
 int monitor_stop(Monitor& m);
-
-// True when the mode word is exactly "0" or "1"; @p on receives which.
-bool mode_word(const char* mode, bool& on);
 
 }  // namespace ft::input

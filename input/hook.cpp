@@ -21,25 +21,23 @@ struct HookMonitor {
     const char* event_line;      // printf format with the state's name
     int (*wait)();
     void* (*entry)(void*);
+    int (*query)();  // mode "2", where the monitor has one
 
-    pthread_t thread{};
     std::atomic<bool> stop{false};
     std::atomic<bool> reporting{false};
+    // Cleared by the first event line of the process's life; never armed again.
+    std::atomic<bool> first_report{true};
 };
 
 const char* hook_state_name(int state) { return state == 0 ? "ON HOOK" : "OFF HOOK"; }
 
-// Cleared by the first event line of the process's life; never armed again.
-std::atomic<bool> hookswitchFirstReport{true};
-std::atomic<bool> ehsFirstReport{true};
-
-int track(HookMonitor& m, std::atomic<bool>& first_report) {
+int track(HookMonitor& m) {
     if (m.stop.load()) return 0;
     for (;;) {
         // A failed wait (-1) is dropped and the wait repeated.
         const int state = m.wait();
         if (state != -1 && m.reporting.load()) {
-            if (first_report.exchange(false)) std::putchar('\n');
+            if (m.first_report.exchange(false)) std::putchar('\n');
             std::printf(m.event_line, hook_state_name(state));
         }
         if (m.stop.load()) return 0;
@@ -48,19 +46,18 @@ int track(HookMonitor& m, std::atomic<bool>& first_report) {
 
 int start(HookMonitor& m) {
     m.stop.store(false);
-    const int error = pthread_create(&m.thread, nullptr, m.entry, nullptr);
+    pthread_t thread{};
+    const int error = pthread_create(&thread, nullptr, m.entry, nullptr);
     if (error != 0) {
         std::printf(m.thread_failed, error);
-        m.thread = pthread_t{};
         return -1;
     }
     // Never joined: the thread may sit in the library's wait until the
     // process ends.
-    pthread_detach(m.thread);
+    pthread_detach(thread);
     return 0;
 }
 
-// Modes "0" and "1"; the rest is the caller's.
 int switch_reporting(HookMonitor& m, bool wanted) {
     if (m.reporting.load() == wanted) {
         std::printf(m.already, wanted ? "started" : "stopped");
@@ -71,10 +68,32 @@ int switch_reporting(HookMonitor& m, bool wanted) {
     return 0;
 }
 
+int command(HookMonitor& m, const char* mode) {
+    if (mode == nullptr) {
+        std::puts(m.null_mode);
+        return -1;
+    }
+    if (ft::word_is_one_of(mode, {"0", "1"})) return switch_reporting(m, mode[0] == '1');
+    if (m.query != nullptr && ft::word_is(mode, "2")) return m.query();
+    std::printf(m.bad_mode, mode);
+    return -1;
+}
+
 int destroy(HookMonitor& m) {
     m.reporting.store(false);
-    m.thread = pthread_t{};
     m.stop.store(true);
+    return 0;
+}
+
+// The state query needs no thread: it works with reporting on or off.
+int hookswitch_state() {
+    int state = 0;
+    const int result = CradleHookswitch_GetState(&state);
+    if (result != 0) {
+        std::puts("FAIL");
+        return result;
+    }
+    std::printf("HOOKSWITCH state: [%s]\nPASS\n", hook_state_name(state));
     return 0;
 }
 
@@ -90,6 +109,7 @@ HookMonitor g_hookswitch{
     "HOOKSWITCH event: [%s]\n",
     CradleHookswitch_WaitForHookswitchEvent,
     hookswitch_thread,
+    hookswitch_state,
 };
 
 HookMonitor g_ehs{
@@ -101,45 +121,17 @@ HookMonitor g_ehs{
     "EHS event: [%s]\n",
     WiredHeadset_WaitForHookSwitchEvent,
     ehs_thread,
+    nullptr,
 };
 
 }  // namespace
 
 int hookswitchTestInit() { return start(g_hookswitch); }
-int hookswitchTrackThread() { return track(g_hookswitch, hookswitchFirstReport); }
+int hookswitchTrackThread() { return track(g_hookswitch); }
+int hookswitchTest(const char* mode) { return command(g_hookswitch, mode); }
 int hookswitchTestDestroy() { return destroy(g_hookswitch); }
 
-int hookswitchTest(const char* mode) {
-    if (mode == nullptr) {
-        std::puts(g_hookswitch.null_mode);
-        return -1;
-    }
-    if (ft::word_is(mode, "0") || ft::word_is(mode, "1")) return switch_reporting(g_hookswitch, mode[0] == '1');
-    if (!ft::word_is(mode, "2")) {
-        std::printf(g_hookswitch.bad_mode, mode);
-        return -1;
-    }
-    // The state query needs no thread: it works with reporting on or off.
-    int state = 0;
-    const int result = CradleHookswitch_GetState(&state);
-    if (result != 0) {
-        std::puts("FAIL");
-        return result;
-    }
-    std::printf("HOOKSWITCH state: [%s]\nPASS\n", hook_state_name(state));
-    return 0;
-}
-
 int ehsTestInit() { return start(g_ehs); }
-int ehsTrackThread() { return track(g_ehs, ehsFirstReport); }
+int ehsTrackThread() { return track(g_ehs); }
+int ehsTest(const char* mode) { return command(g_ehs, mode); }
 int ehsTestDestroy() { return destroy(g_ehs); }
-
-int ehsTest(const char* mode) {
-    if (mode == nullptr) {
-        std::puts(g_ehs.null_mode);
-        return -1;
-    }
-    if (ft::word_is(mode, "0") || ft::word_is(mode, "1")) return switch_reporting(g_ehs, mode[0] == '1');
-    std::printf(g_ehs.bad_mode, mode);
-    return -1;
-}

@@ -44,7 +44,6 @@ constexpr ft::input::MonitorTexts kTexts{
     "jackTestInit(): fail - thread can't be created",
     "jackTrackThread(): fail - event device is not open",
     "jackTrackThread(): fail - can't set signal handler",
-    "readJackEvent(): fail - event device is not open",
     "readJackEvent(): some error or short read - number of bytes = [%d], errno = [%d]\n",
     "jackTest(): fail - NULL pointer",
     "jackTest(): fail - event device is not open",
@@ -52,7 +51,7 @@ constexpr ft::input::MonitorTexts kTexts{
     "jackTestDestroy(): failed to join thread",
 };
 
-ft::input::Monitor g_jack{kTexts, SIGUSR2, signalHandler, g_stop, jack_records, process_jack_record, true};
+ft::input::Monitor g_jack{kTexts, SIGUSR2, signalHandler, g_stop, jack_records, process_jack_record};
 
 void* jack_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(jackTrackThread())); }
 

@@ -33,7 +33,6 @@ constexpr ft::input::MonitorTexts kTexts{
     "keyTestInit(): fail - thread can't be created",
     "keyTrackThread(): fail - event device is not open",
     "keyTrackThread(): fail - can't set signal handler",
-    "readKeyEvent(): fail - event device is not open",
     "readKeyEvent(): some error or short read - number of bytes = [%d], errno = [%d]\n",
     "keyTest(): fail - NULL pointer",
     "keyTest(): fail - event device is not open",
@@ -41,7 +40,7 @@ constexpr ft::input::MonitorTexts kTexts{
     "keyTestDestroy(): failed to join thread",
 };
 
-ft::input::Monitor g_keypad{kTexts, SIGUSR1, signalHandler, g_stop, key_records_only, report_key, false};
+ft::input::Monitor g_keypad{kTexts, SIGUSR1, signalHandler, g_stop, key_records_only, report_key};
 
 void* keypad_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(keyTrackThread())); }
 

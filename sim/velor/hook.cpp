@@ -1,10 +1,8 @@
 // Model, hook switches and headset type. Hook-switch changes arrive as one
 // byte each on a FIFO that ftsim writes; the state itself is the condition
 // file, so a state query sees what the last change left.
-#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
-#include <mutex>
 #include <unistd.h>
 
 #include "platform/velor.h"
@@ -13,30 +11,27 @@
 
 namespace {
 
-// Opened once, on the first wait, and kept for the life of the process: a
-// waiting thread may still be reading it while the process ends. Read and
-// write, so that opening never blocks and the FIFO never reports end of file
-// between two writers.
-int event_source(std::atomic<int>& fd, std::once_flag& once, const char* relative) {
-    std::call_once(once, [&] { fd.store(open(ftsim::hw_path(relative).c_str(), O_RDWR | O_CLOEXEC)); });
-    return fd.load();
+// Opened by the first wait and kept for the life of the process: a waiting
+// thread may still be reading it while the process ends. Read and write, so
+// that opening never blocks and the FIFO never reports end of file between
+// two writers.
+int open_events(const char* relative) { return open(ftsim::hw_path(relative).c_str(), O_RDWR | O_CLOEXEC); }
+
+// Nothing will ever change: the caller's retry of a failed wait must block
+// here rather than turn into a busy loop.
+[[noreturn]] void wait_forever() {
+    for (;;) pause();
 }
 
 // The next change's hook state, 0 on hook and 1 off hook.
 int next_change(int fd) {
-    if (fd < 0) {
-        // No hook switch to listen to: nothing will ever change, and the
-        // caller's retry of a failed wait must not turn into a busy loop.
-        for (;;) pause();
-    }
+    if (fd < 0) wait_forever();
     for (;;) {
         char byte = 0;
         const ssize_t n = read(fd, &byte, 1);
         if (n == 1) return byte == '0' ? 0 : 1;
-        if (n < 0 && errno != EINTR) {
-            // A broken event source stays broken; block as above.
-            for (;;) pause();
-        }
+        // A broken event source stays broken.
+        if (n < 0 && errno != EINTR) wait_forever();
     }
 }
 
@@ -55,9 +50,8 @@ int is_corvane_entry(void) {
 // then costs that one event, as a real failed wait would, instead of making
 // the waiting thread spin.
 int CradleHookswitch_WaitForHookswitchEvent(void) {
-    static std::atomic<int> fd{-1};
-    static std::once_flag once;
-    const int state = next_change(event_source(fd, once, ftsim::input::kCradleEvents));
+    static const int fd = open_events(ftsim::input::kCradleEvents);
+    const int state = next_change(fd);
     FTSIM_FAILURE_POINT("CradleHookswitch_WaitForHookswitchEvent");
     return state;
 }
@@ -73,9 +67,8 @@ int CradleHookswitch_GetState(int* state_out) {
 }
 
 int WiredHeadset_WaitForHookSwitchEvent(void) {
-    static std::atomic<int> fd{-1};
-    static std::once_flag once;
-    const int state = next_change(event_source(fd, once, ftsim::input::kEhsEvents));
+    static const int fd = open_events(ftsim::input::kEhsEvents);
+    const int state = next_change(fd);
     FTSIM_FAILURE_POINT("WiredHeadset_WaitForHookSwitchEvent");
     return state;
 }
