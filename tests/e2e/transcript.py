@@ -15,8 +15,6 @@ A transcript is what an operator would see, plus what happens around it:
     > text                          the operator types "text" and Enter at a prompt already
                                     shown, after background output (the prompt is not repeated)
     ~ REGEX                         one line of the shell's output that matches REGEX (Python syntax)
-    = CMD                           CMD's whole output once more, as listed after "ft>CMD"
-                                    earlier in the transcript (for aliases of one command)
     ! text                          expected line on the shell's standard error
     @ exit 0                        the session ends with this status
     any other line                  expected output of the shell, exactly
@@ -170,37 +168,11 @@ def run_host(ftsim, state, line, expect_ok, expected_lines, where):
             raise Failure(f"{where}: '{line}' printed\n" + show_difference(want.encode(), got.encode()))
 
 
-def expand_repeats(lines, path):
-    """Replaces each "= CMD" line by the output lines listed after the last "ft>CMD".
-    Returns the line numbers too, so that messages point at the transcript's own lines."""
-    outputs, current, out, numbers = {}, None, [], []
-    for n, line in enumerate(lines, 1):
-        if line.startswith("= "):
-            if line[2:] not in outputs:
-                raise Failure(f"{path}:{n}: no earlier 'ft>{line[2:]}' to repeat")
-            line_output = outputs[line[2:]]
-            out.extend(line_output)
-            numbers.extend([n] * len(line_output))
-            if current is not None:
-                current.extend(line_output)
-            continue
-        out.append(line)
-        numbers.append(n)
-        if line.startswith("ft>"):
-            current = outputs[line[3:]] = []
-        elif line[:1] in ("$", "@", ">"):
-            current = None
-        elif current is not None and not line.startswith(("#", "! ")):
-            current.append(line)
-    return out, numbers
-
-
 def play(path, ftsim):
     with open(path, "rb") as f:
         lines = f.read().decode().split("\n")
     if lines and lines[-1] == "":
         lines.pop()
-    lines, numbers = expand_repeats(lines, path)
     state = tempfile.mkdtemp(prefix="ft-phone-")
     try:
         run_host(ftsim, state, "ftsim reset", True, None, f"{path}:start")
@@ -208,7 +180,7 @@ def play(path, ftsim):
         i = 0
         while i < len(lines):
             line = lines[i]
-            where = f"{path}:{numbers[i]}"
+            where = f"{path}:{i + 1}"
             i += 1
             if line.startswith("#"):
                 continue
