@@ -13,6 +13,12 @@ namespace ftsim {
 std::string hw_dir();
 std::string hw_path(std::string_view relative);
 
+// The phone's /proc is the real one of its own PID namespace, so that every
+// process finds itself there. The few kernel files a host kernel lacks are
+// kept in the hardware folder under this name instead, and the kernel shim
+// sends opens of /proc/NAME... there.
+inline constexpr std::string_view kFakeProcDir = "proc";
+
 bool read_text(const std::string& path, std::string& out);
 // Replaces the file in one step (temporary file, fsync, rename): a crash
 // mid-write leaves either the old content or the new, never a torn file.

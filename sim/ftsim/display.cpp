@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <map>
 #include <png.h>
 #include <string>
@@ -20,7 +21,8 @@
 namespace ftsim {
 namespace {
 
-constexpr const char* kTimingDir = "/proc/device-tree/soc/i2c@9844000/dvo_to_mipi@E/display-timings/timing";
+// The panel's timing node, below /proc as the phone's kernel shows it.
+constexpr const char* kTimingDir = "device-tree/soc/i2c@9844000/dvo_to_mipi@E/display-timings/timing";
 
 struct Size {
     unsigned w = 0, h = 0;
@@ -87,15 +89,19 @@ bool display_power_up(const Phone& p, std::vector<std::string>& bwrap, std::stri
         }
         bwrap.insert(bwrap.end(), {"--bind", node, "/dev/graphics/fb0"});
     }
-    const std::string dt = p.hw() + "/device-tree-timing";
+    const std::string dt = p.hw() + "/" + std::string(kFakeProcDir) + "/" + kTimingDir;
     const std::string dt_mode = get("lcd.devicetree");
     unlink((dt + "/hactive").c_str());
     unlink((dt + "/vactive").c_str());
     if (dt_mode != "absent") {
-        mkdir(dt.c_str(), 0755);
+        std::error_code ec;
+        std::filesystem::create_directories(dt, ec);
+        if (ec) {
+            error = "cannot create " + dt + ": " + ec.message();
+            return false;
+        }
         if (!write_cell(dt + "/hactive", panel.visible.w, error)) return false;
         if (dt_mode != "no-vactive" && !write_cell(dt + "/vactive", panel.visible.h, error)) return false;
-        bwrap.insert(bwrap.end(), {"--ro-bind", dt, kTimingDir});
     }
     return true;
 }

@@ -4,9 +4,7 @@
 // neither, as a real event device. The kernel cannot name a FIFO, so the
 // name query is answered from the file ftsim wrote beside it.
 #include <cerrno>
-#include <cstdarg>
 #include <cstring>
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <linux/input.h>
 #include <string>
@@ -21,24 +19,6 @@ namespace {
 constexpr std::string_view kEventPrefix = "/dev/input/event";
 
 bool is_event_node(const char* path) { return path != nullptr && std::string_view(path).starts_with(kEventPrefix); }
-
-int adjusted(const char* path, int flags) {
-    if (is_event_node(path) && (flags & O_ACCMODE) == O_RDONLY) return (flags & ~O_ACCMODE) | O_RDWR;
-    return flags;
-}
-
-// Only O_CREAT and O_TMPFILE carry a mode.
-mode_t mode_of(int flags, va_list ap) {
-    return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE ? static_cast<mode_t>(va_arg(ap, int)) : 0;
-}
-
-template <typename F>
-F next(const char* name) {
-    return reinterpret_cast<F>(dlsym(RTLD_NEXT, name));
-}
-
-using Open = int (*)(const char*, int, ...);
-using OpenAt = int (*)(int, const char*, int, ...);
 
 bool name_query(int fd, unsigned long request, void* arg, int& result) {
     if (_IOC_TYPE(request) != 'E' || _IOC_NR(request) != _IOC_NR(EVIOCGNAME(0)) || _IOC_DIR(request) != _IOC_READ)
@@ -67,38 +47,7 @@ const ftsim::shim::IoctlRegistrar kNames{name_query};
 
 }  // namespace
 
-extern "C" int open(const char* path, int flags, ...) {
-    static const auto real = next<Open>("open");
-    va_list ap;
-    va_start(ap, flags);
-    const mode_t mode = mode_of(flags, ap);
-    va_end(ap);
-    return real(path, adjusted(path, flags), mode);
-}
-
-extern "C" int open64(const char* path, int flags, ...) {
-    static const auto real = next<Open>("open64");
-    va_list ap;
-    va_start(ap, flags);
-    const mode_t mode = mode_of(flags, ap);
-    va_end(ap);
-    return real(path, adjusted(path, flags), mode);
-}
-
-extern "C" int openat(int dir, const char* path, int flags, ...) {
-    static const auto real = next<OpenAt>("openat");
-    va_list ap;
-    va_start(ap, flags);
-    const mode_t mode = mode_of(flags, ap);
-    va_end(ap);
-    return real(dir, path, adjusted(path, flags), mode);
-}
-
-extern "C" int openat64(int dir, const char* path, int flags, ...) {
-    static const auto real = next<OpenAt>("openat64");
-    va_list ap;
-    va_start(ap, flags);
-    const mode_t mode = mode_of(flags, ap);
-    va_end(ap);
-    return real(dir, path, adjusted(path, flags), mode);
+int ftsim::shim::event_node_flags(const char* path, int flags) {
+    if (is_event_node(path) && (flags & O_ACCMODE) == O_RDONLY) return (flags & ~O_ACCMODE) | O_RDWR;
+    return flags;
 }

@@ -20,4 +20,7 @@ struct IoctlRegistrar {
 // The kernel's own ioctl, for handlers that serve part of a call.
 int real_ioctl(int fd, unsigned long request, void* arg);
 
+// The open flags an input event node needs to behave as a device (input.cpp).
+int event_node_flags(const char* path, int flags);
+
 }  // namespace ftsim::shim
