@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "common/quote.h"
 #include "common/run.h"
 #include "common/unique_handle.h"
 #include "factory_data/config.h"
@@ -97,9 +98,9 @@ bool exists(const char* path) {
     std::array<char, 256> line{};
     va_list args;
     va_start(args, format);
-    const int written = std::vsnprintf(line.data(), line.size(), format, args);
+    const bool fits = ft::vformat_command(line, format, args);
     va_end(args);
-    if (written < 0 || static_cast<std::size_t>(written) >= line.size()) {
+    if (!fits) {
         errno = E2BIG;
         return -1;
     }
@@ -164,9 +165,12 @@ Outcome make_certificate(CText& key, CText& thumbprint) {
         report(kStep, line::kNoMac, "Unable to get MAC");
         return Outcome::kFailed;
     }
+    // The MAC is factory data, typed by whoever programmed it: inside the
+    // subject's quotes it must stay text.
+    const ft::Quoted cn(mac.data(), ft::QuotePlace::DoubleQuoted);
     if (run_line("openssl req -key %s -new -x509 -days 7300 -out %s -subj \"/C=US/ST=CA/O=Velor,Inc./CN=%s\" "
                  "-config %s",
-                 kKeyPath, kCertPath, mac.data(), kOpensslConfig) < 0) {
+                 kKeyPath, kCertPath, cn.c_str(), kOpensslConfig) < 0) {
         report(kStep, line::kSelfSigned, "Unable to generate self signed certificate");
         return Outcome::kFailed;
     }
