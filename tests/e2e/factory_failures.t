@@ -1,7 +1,7 @@
 # The factory-data store refusing: each command reports it its own way and
 # nothing already stored is lost. Failures set while the shell runs apply at once.
 $! ftsim fail nosuch_operation -1 EIO
-| ftsim: no library operation named 'nosuch_operation'
+| ftsim: no library operation named 'nosuch_operation'; 'ftsim fail --points' lists them
 $! ftsim fail eeprom_read x
 | ftsim: RESULT must be an integer, not 'x'
 $! ftsim fail eeprom_read -1 ENOTANERRNO

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "platform/eeprom.h"
-#include "sim/common/simstate.h"
+#include "sim/core/state.h"
 
 namespace {
 

@@ -1,9 +1,0 @@
-#include "sim/common/simstate.h"
-
-namespace {
-const ftsim::SettingsRegistrar kCore{
-    {"watchdog", ftsim::Kind::Condition, "present", "present|absent", "the hardware watchdog device", nullptr},
-    {"watchdog.written", ftsim::Kind::Observed, "", "<text>", "what the shell wrote to the watchdog since power-up",
-     "dev/watchdog"},
-};
-}  // namespace

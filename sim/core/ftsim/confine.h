@@ -1,0 +1,9 @@
+#pragma once
+namespace ftsim {
+// Refuses, in this process and everything it starts, the ioctls that push
+// input into a terminal. Sets no-new-privileges. False when the kernel refused.
+bool forbid_terminal_injection();
+// Drops every capability, the bounding set included, so that not even an
+// exec as the namespace's root brings one back.
+bool drop_capabilities();
+}  // namespace ftsim

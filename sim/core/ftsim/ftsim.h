@@ -1,0 +1,99 @@
+#pragma once
+// The control tool of the simulated phone. Each area of the phone is a Module
+// that adds its verbs, its power-up steps (device nodes, bind mounts) and its
+// lines of `ftsim show`, registered from a file in its own folder.
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/unique_handle.h"
+#include "sim/core/state.h"
+
+namespace ftsim {
+
+struct Phone {
+    std::string state;   // the phone's state folder, as the user named it
+    std::string system;  // the /system image of this build
+    // For messages only: the host side opens nothing by these paths.
+    std::string hw() const { return state + "/hw"; }
+    // The state folder itself (trusted: the phone never sees it, only what is below it).
+    Folder folder() const { return Folder::open(state); }
+};
+
+// Arguments after the verb.
+using Args = std::vector<std::string>;
+
+struct Verb {
+    const char* name;
+    const char* usage;  // one line for the usage text, after "ftsim "
+    int (*run)(const Phone&, const Args&);
+};
+
+// The container being assembled at power-up. Every bind whose source is in
+// the state folder goes through bind(): the source is opened beneath the
+// state folder without following links, checked to be of the expected kind,
+// and handed to bubblewrap as an open descriptor, so that nothing the phone
+// planted there can point a bind at a host path.
+class PowerUp {
+public:
+    explicit PowerUp(const Phone& phone) : phone_(phone) {}
+
+    // Binds hw/RELATIVE (a folder, made when missing, or an existing file)
+    // at DEST inside the phone.
+    bool bind_hw(std::string_view relative, const std::string& dest, Type type, std::string& error,
+                 bool read_only = false);
+    // The same for STATE/RELATIVE, for places outside the hardware folder.
+    bool bind_state(std::string_view relative, const std::string& dest, Type type, std::string& error,
+                    bool read_only = false);
+    // Plain bubblewrap arguments (never a path from the state folder).
+    void add(std::initializer_list<std::string> items) { args_.insert(args_.end(), items.begin(), items.end()); }
+
+    std::vector<std::string>& args() { return args_; }
+    const std::vector<ft::UniqueFd>& descriptors() const { return fds_; }
+
+private:
+    bool bind(const Folder& base, std::string_view relative, const std::string& dest, Type type, bool read_only,
+              std::string& error);
+    const Phone& phone_;
+    std::vector<std::string> args_;
+    std::vector<ft::UniqueFd> fds_;
+};
+
+// Power-up of the container: add binds and prepare hw files. On failure
+// return false with a message that says what to do.
+using PowerUpStep = bool (*)(const Phone&, PowerUp& up, std::string& error);
+// Lines for `ftsim show`.
+using ShowStep = void (*)(const Phone&, std::string& out);
+// Extra work of `ftsim reset` after the state folder was made anew.
+using ResetStep = bool (*)(const Phone&, std::string& error);
+
+struct Module {
+    const char* name;
+    std::vector<Verb> verbs;
+    PowerUpStep power_up = nullptr;
+    ShowStep show = nullptr;
+    ResetStep reset = nullptr;
+};
+
+// A module or verb name registered twice ends ftsim at once.
+struct ModuleRegistrar {
+    explicit ModuleRegistrar(Module m);
+};
+const std::vector<Module>& modules();
+
+// Prints "ftsim: MESSAGE" on stderr and returns the exit status for usage errors.
+int fail(const std::string& message, int status = 2);
+
+// Makes the state folder a phone when it is none yet; refuses a folder that
+// holds something else. 0 or an exit status after the message.
+int ensure_phone(const Phone& phone);
+
+// Runs the phone with CMD as its first process; returns its exit status.
+int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bool interactive);
+// Runs CMD inside the phone that is powered up now, or returns -1 when none is.
+int run_in_running_phone(const Phone& phone, const std::vector<std::string>& command);
+
+// Parses a whole decimal (or 0x hexadecimal) number within [lo, hi].
+bool parse_long(const std::string& text, long lo, long hi, long& out);
+
+}  // namespace ftsim
