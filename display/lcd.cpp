@@ -1,6 +1,8 @@
 // LCD test patterns and the backlight commands, and the panel's start-up.
 // A station judges the panel by eye; the verdict printed here only says
 // whether every drawing step went through.
+#include "display/lcd.h"
+
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -9,7 +11,6 @@
 #include "display/digit_images.h"
 #include "display/drvFB.h"
 #include "platform/velor.h"
-#include "shell/handlers.h"
 
 namespace {
 

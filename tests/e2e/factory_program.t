@@ -93,7 +93,11 @@ ft>program list ict
 32: CONFIGDATA_DES_SUPPORT = ""
 33: EEA_PRODUCT = ""
 # A value longer than the 31 characters the printer shows is stored whole.
-ft>program write EEA_PRODUCT 0123456789012345678901234567890123456789
+# A field holds 31 characters, as the shell's read buffers do: one more is
+# refused rather than stored and read back cut short.
+ft>program write EEA_PRODUCT 01234567890123456789012345678901
+FAIL
+ft>program write EEA_PRODUCT 0123456789012345678901234567890
 PASS
 ft>program read EEA_PRODUCT
 EEA_PRODUCT = "0123456789012345678901234567890"
