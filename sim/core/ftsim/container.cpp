@@ -297,30 +297,25 @@ int run_in_running_phone(const Phone& phone, const std::vector<std::string>& com
     if (!pidfd.valid() || start_time(static_cast<pid_t>(pid)) != started)
         return fail("the phone is powering up or down; try again", 1);
 
-    std::vector<std::string> env = phone_environment();
-    std::vector<std::string> cmd = command;
-    std::vector<char*> envp = pointers(env), argv = pointers(cmd);
+    // The joining is done by a helper of its own: a sanitizer's runtime may
+    // run a thread of its own in any child of ftsim, and a process with more
+    // than one thread cannot join a user namespace.
+    // The phone's environment goes as arguments: the helper itself runs on
+    // the host, where the phone's preloaded shim does not exist.
+    std::vector<std::string> env;
+    std::vector<std::string> args{phone.tools + "/ftsim-join", std::to_string(pidfd.get())};
+    for (const std::string& kv : phone_environment()) args.push_back(kv);
+    args.push_back("--");
+    args.insert(args.end(), command.begin(), command.end());
+    std::vector<char*> envp = pointers(env), argv = pointers(args);
     std::fflush(stdout);
     const pid_t child = fork();
     if (child < 0) return fail(std::string("fork: ") + std::strerror(errno), 1);
     if (child == 0) {
-        if (setns(pidfd.get(), CLONE_NEWUSER | CLONE_NEWNS | CLONE_NEWPID | CLONE_NEWNET | CLONE_NEWIPC |
-                                   CLONE_NEWUTS) != 0) {
-            std::fprintf(stderr, "ftsim: cannot join the running phone: %s\n", std::strerror(errno));
-            _exit(127);
-        }
-        // The process namespace applies to children only.
-        const pid_t inside = fork();
-        if (inside < 0) _exit(127);
-        if (inside > 0) _exit(wait_status(inside));
         close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
-        if (chdir("/") != 0 || !drop_capabilities() || !forbid_terminal_injection()) {
-            std::fprintf(stderr, "ftsim: cannot confine the command: %s\n", std::strerror(errno));
-            _exit(127);
-        }
-        environ = envp.data();  // execvp looks the command up on the phone's PATH
-        execvp(argv[0], argv.data());
-        std::fprintf(stderr, "ftsim: cannot run %s in the phone: %s\n", argv[0], std::strerror(errno));
+        fcntl(pidfd.get(), F_SETFD, 0);
+        execve(argv[0], argv.data(), envp.data());
+        std::fprintf(stderr, "ftsim: cannot run %s: %s\n", argv[0], std::strerror(errno));
         _exit(127);
     }
     TerminalSignalsToPhone signals;

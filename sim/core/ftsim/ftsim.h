@@ -14,6 +14,7 @@ namespace ftsim {
 struct Phone {
     std::string state;   // the phone's state folder, as the user named it
     std::string system;  // the /system image of this build
+    std::string tools;   // the folder of ftsim and its helpers
     // For messages only: the host side opens nothing by these paths.
     std::string hw() const { return state + "/hw"; }
     // The state folder itself (trusted: the phone never sees it, only what is below it).

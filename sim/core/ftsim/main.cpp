@@ -89,7 +89,7 @@ int main(int argc, char** argv) {
     if (state[0] != '/' && realpath(".", resolved)) state = std::string(resolved) + "/" + state;
     while (state.size() > 1 && state.back() == '/') state.pop_back();
 
-    Phone phone{state, self_dir() + "/../system"};
+    Phone phone{state, self_dir() + "/../system", self_dir()};
     if (char sys[PATH_MAX]; realpath(phone.system.c_str(), sys)) phone.system = sys;
     // The libraries' own code reads and writes the hardware folder through this.
     setenv("FTSIM_HW", phone.hw().c_str(), 1);
