@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 packages=(g++ cmake ninja-build pkg-config libreadline-dev libssl-dev openssl libpng-dev libgtest-dev libbenchmark-dev
-          bubblewrap busybox python3)
+          bubblewrap busybox python3 python3-pyftpdlib)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
