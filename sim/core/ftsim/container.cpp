@@ -221,6 +221,7 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
     // namespace, and kernel settings under /proc/sys check only that user.
     up.add({"--dev", "/dev", "--proc", "/proc", "--remount-ro", "/proc"});
     up.add({"--tmpfs", "/tmp", "--ro-bind", phone.system, "/system"});
+    up.add({"--ro-bind-try", phone.system + "/../vendor", "/vendor"});
     std::string error;
     if (!up.bind_state("hw", "/sim", Type::Dir, error)) return fail("cannot power the phone up: " + error, 1);
     for (const char* place : {"reserved", "data", "cache", "sdcard"})
@@ -229,6 +230,9 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
 
     for (const Module& m : modules())
         if (m.power_up && !m.power_up(phone, up, error)) return fail("cannot power the phone up: " + error, 1);
+
+    if (!hw.make_dirs("run") || !hw.write_atomic("run/services", up.services()))
+        return fail("cannot write the phone's services: " + std::string(std::strerror(errno)), 1);
 
     up.add({"--clearenv"});
     for (const std::string& kv : phone_environment()) {
@@ -240,6 +244,7 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
     ft::UniqueFd info_read(info[0]), info_write(info[1]);
     up.add({"--info-fd", std::to_string(info_write.get()), "--chdir", "/"});
     std::vector<std::string> a = up.args();
+    a.push_back("/system/bin/phone-init");
     a.insert(a.end(), command.begin(), command.end());
     std::vector<char*> argv = pointers(a);
 

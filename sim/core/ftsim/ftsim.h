@@ -46,6 +46,13 @@ public:
     // The same for STATE/RELATIVE, for places outside the hardware folder.
     bool bind_state(std::string_view relative, const std::string& dest, Type type, std::string& error,
                     bool read_only = false);
+    // A program of the phone's own that runs in the background from power-up
+    // to power-off (a server of the test network, say), started before the
+    // phone's first command in a session of its own, with no terminal.
+    // @p command is a fixed command line of ours, never data.
+    void service(const std::string& command) { services_ += command + "\n"; }
+    const std::string& services() const { return services_; }
+
     // Plain bubblewrap arguments (never a path from the state folder).
     void add(std::initializer_list<std::string> items) { args_.insert(args_.end(), items.begin(), items.end()); }
 
@@ -58,6 +65,7 @@ private:
     const Phone& phone_;
     std::vector<std::string> args_;
     std::vector<ft::UniqueFd> fds_;
+    std::string services_;
 };
 
 // Power-up of the container: add binds and prepare hw files. On failure
