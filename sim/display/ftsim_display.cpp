@@ -51,7 +51,7 @@ bool write_cell(const std::string& path, unsigned value, std::string& error) {
     const char cell[4] = {static_cast<char>(value >> 24), static_cast<char>(value >> 16),
                           static_cast<char>(value >> 8), static_cast<char>(value)};
     if (write_atomic(path, std::string_view(cell, 4))) return true;
-    error = "cannot write " + path + ": " + std::strerror(errno);
+    error = explain("cannot write " + path);
     return false;
 }
 
@@ -77,13 +77,13 @@ bool display_power_up(const Phone&, PowerUp& up, std::string& error) {
     dir.remove("dev/fb0");
     for (const char* name : {"lcd.pan", "backlight.power", "backlight.level"}) clear_observed(name);
     if (!dir.write_atomic("dev/fb0.geometry", text_of(panel.visible) + " " + text_of(panel.virt) + "\n")) {
-        error = std::string("cannot write the framebuffer's geometry: ") + std::strerror(errno);
+        error = explain("cannot write the framebuffer's geometry");
         return false;
     }
     if (get("lcd.device") == "present") {
         ft::UniqueFd fd = dir.open_at("dev/fb0", O_RDWR | O_CREAT | O_EXCL, Type::File);
         if (!fd.valid() || ftruncate(fd.get(), static_cast<off_t>(bytes)) != 0) {
-            error = std::string("cannot create the framebuffer: ") + std::strerror(errno);
+            error = explain("cannot create the framebuffer");
             return false;
         }
         if (!up.bind_hw("dev/fb0", "/dev/graphics/fb0", Type::File, error)) return false;
@@ -94,7 +94,7 @@ bool display_power_up(const Phone&, PowerUp& up, std::string& error) {
     dir.remove(dt + "/vactive");
     if (dt_mode != "absent") {
         if (!dir.make_dirs(dt)) {
-            error = "cannot create " + dt + ": " + std::strerror(errno);
+            error = explain("cannot create " + dt);
             return false;
         }
         if (!write_cell(dt + "/hactive", panel.visible.w, error)) return false;

@@ -36,7 +36,7 @@ std::string name_path(const char* node) { return std::string(in::kNameDir) + "/"
 // reading it, and a new inode would cut it off from every later event.
 bool ensure_fifo(const Folder& dir, const std::string& path, std::string& error) {
     if (dir.make_fifo(path)) return true;
-    error = "cannot create " + path + ": " + std::strerror(errno);
+    error = explain("cannot create " + path);
     return false;
 }
 
@@ -48,7 +48,7 @@ bool place_device(const Folder& dir, const char* node, bool present, const std::
     }
     if (!ensure_fifo(dir, node_path(node), error)) return false;
     if (!dir.write_atomic(name_path(node), name + "\n")) {
-        error = "cannot write " + name_path(node) + ": " + std::strerror(errno);
+        error = explain("cannot write " + name_path(node));
         return false;
     }
     return true;
@@ -58,7 +58,7 @@ bool input_power_up(const Phone&, PowerUp& up, std::string& error) {
     const Folder dir = hw();
     for (const char* d : {in::kNodeDir, in::kNameDir, "events"}) {
         if (!dir.make_dirs(d)) {
-            error = std::string("cannot create ") + d + ": " + std::strerror(errno);
+            error = explain(std::string("cannot create ") + d);
             return false;
         }
     }

@@ -80,3 +80,6 @@ PASS
 ft>^D
 @ exit 0
 $ ftsim log
+# A write cut short by a power cut leaves its temporary file; the next power-up clears it.
+$ ftsim exec -- sh -c 'echo torn > /sim/eeprom.tmp-Ab3dE6gH'
+$! ftsim exec -- test -e /sim/eeprom.tmp-Ab3dE6gH

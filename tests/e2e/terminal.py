@@ -29,15 +29,17 @@ class TerminalError(Exception):
 
 
 class Terminal:
-    def __init__(self, ftsim, state, verb=("shell",), columns=200):
+    def __init__(self, ftsim=None, state=None, verb=("shell",), columns=200, argv=None, env=None):
+        """Runs `ftsim --state STATE VERB...`, or any @p argv, on a new terminal."""
         self.master, slave = pty.openpty()
         # A wide screen keeps readline from wrapping long lines.
         import fcntl
         import struct
         import termios
         fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 50, columns, 0, 0))
-        env = dict(os.environ, TERM="xterm")
-        self.proc = subprocess.Popen([ftsim, "--state", state, *verb], stdin=slave, stdout=slave, stderr=slave,
+        env = dict(env or os.environ, TERM="xterm")
+        argv = argv or [ftsim, "--state", state, *verb]
+        self.proc = subprocess.Popen(argv, stdin=slave, stdout=slave, stderr=slave,
                                      start_new_session=True, env=env,
                                      preexec_fn=lambda: fcntl.ioctl(0, termios.TIOCSCTTY, 0))
         os.close(slave)

@@ -34,7 +34,7 @@ bool PowerUp::bind(const Folder& base, std::string_view relative, const std::str
                    bool read_only, std::string& error) {
     const std::string where = std::string(relative);
     if (type == Type::Dir && !base.make_dirs(relative)) {
-        error = "cannot make the folder " + where + " in " + phone_.state + ": " + std::strerror(errno);
+        error = explain("cannot make the folder " + where + " in " + phone_.state);
         return false;
     }
     // O_PATH: nothing is read or written here, and a FIFO does not block.

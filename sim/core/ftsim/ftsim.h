@@ -90,6 +90,11 @@ struct ModuleRegistrar {
 };
 const std::vector<Module>& modules();
 
+// "WHAT: the errno text", with a hint to reset the phone when the hardware
+// folder held something of another kind than the phone puts there (a link,
+// a file for a folder): the phone's programs may have replaced it.
+std::string explain(const std::string& what);
+
 // Prints "ftsim: MESSAGE" on stderr and returns the exit status for usage errors.
 int fail(const std::string& message, int status = 2);
 

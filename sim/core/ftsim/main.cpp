@@ -32,6 +32,15 @@ ModuleRegistrar::ModuleRegistrar(Module m) {
 }
 const std::vector<Module>& modules() { return module_list(); }
 
+std::string explain(const std::string& what) {
+    const int error = errno;
+    std::string text = what + ": " + std::strerror(error);
+    if (error == ELOOP || error == ENOTDIR || error == EISDIR || error == EINVAL)
+        text += "; something of another kind took its place in the phone's hardware folder: "
+                "'ftsim reset' makes a fresh phone";
+    return text;
+}
+
 int fail(const std::string& message, int status) {
     std::fprintf(stderr, "ftsim: %s\n", message.c_str());
     return status;

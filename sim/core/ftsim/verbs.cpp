@@ -38,7 +38,7 @@ bool make_dirs(const Phone& p, std::string& error) {
     for (const char* place : kPersistent) dirs.push_back(std::string("persist/") + place);
     for (const std::string& d : dirs) {
         if (!state.make_dirs(d)) {
-            error = "cannot create " + p.state + "/" + d + ": " + std::strerror(errno);
+            error = explain("cannot create " + p.state + "/" + d);
             return false;
         }
     }
@@ -63,7 +63,7 @@ int reset_phone(const Phone& p) {
     // Only what this tool made, and never through a link the phone planted.
     for (const std::string& entry : state.list())
         if (entry != kMarker && entry != "power.lock" && !state.remove(entry))
-            return fail("cannot remove " + p.state + "/" + entry + ": " + std::strerror(errno), 1);
+            return fail(explain("cannot remove " + p.state + "/" + entry), 1);
     std::string error;
     if (!make_dirs(p, error)) return fail(error, 1);
     if (!state.write_atomic(kMarker, "")) return fail("cannot write in " + p.state, 1);
@@ -102,7 +102,7 @@ int verb_set(const Phone& p, const Args& args) {
         return fail("'" + args[1] + "' is not a value of " + args[0] + " (" + s->allowed + ")");
     if (int rc = ensure_phone(p)) return rc;
     if (!set_condition(args[0], args[1]))
-        return fail("cannot write " + p.hw() + "/" + setting_file(*s) + ": " + std::strerror(errno), 1);
+        return fail(explain("cannot write " + p.hw() + "/" + setting_file(*s)), 1);
     return 0;
 }
 
@@ -233,13 +233,13 @@ bool core_power_up(const Phone&, PowerUp& up, std::string& error) {
     dir.remove("dev/watchdog");
     if (!dir.remove("sys") || !dir.make_dirs("sys") || !dir.make_dirs("proc") ||
         !dir.write_atomic("proc/modules", kBaseModules)) {
-        error = std::string("cannot prepare the phone's kernel files: ") + std::strerror(errno);
+        error = explain("cannot prepare the phone's kernel files");
         return false;
     }
     if (!up.bind_hw("sys", "/sys", Type::Dir, error)) return false;
     if (get("watchdog") != "present") return true;
     if (!dir.write_atomic("dev/watchdog", "")) {
-        error = "cannot create the watchdog device: " + std::string(std::strerror(errno));
+        error = explain("cannot create the watchdog device");
         return false;
     }
     return up.bind_hw("dev/watchdog", "/dev/watchdog", Type::File, error);
