@@ -211,8 +211,6 @@ bool Folder::write_atomic(std::string_view relative, std::string_view data, unsi
     const bool ok = fchmod(fd.get(), mode) == 0 && write_all(fd.get(), data) && fsync(fd.get()) == 0;
     const int saved = errno;
     fd.reset();
-    // The folder must not hold a non-file under this name: rename would
-    // otherwise replace an empty folder or fail confusingly later.
     if (!ok || renameat(dir.get(), tmp.c_str(), dir.get(), target.c_str()) != 0) {
         const int why = ok ? errno : saved;
         unlinkat(dir.get(), tmp.c_str(), 0);
