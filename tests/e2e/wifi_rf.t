@@ -8,16 +8,10 @@ Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 ft>wifi_rf scan ssid
 ft: WiFi started.
 ft wifi_rf scan: Error - filter_type and filter_value are required.
-ft>wifi_rf scan
-ft wifi_rf scan: Error - filter_type and filter_value are required.
 ft>wifi_rf scan bssid x
 ft wifi_rf scan: Error - incorrect filter_type 'bssid'.
-ft>wifi_rf scan SSID x
-ft wifi_rf scan: Error - incorrect filter_type 'SSID'.
 ft>wifi_rf scan mac 00:11:22:33:44:55 0
 ft wifi_rf scan: Error iterations=<0> is out of supported range.
-ft>wifi_rf scan mac 00:11:22:33:44:55 -2
-ft wifi_rf scan: Error iterations=<-2> is out of supported range.
 ft>wifi_rf scan mac 00:11:22:33:44:55 x
 ft wifi_rf scan: Error iterations=<x> is out of supported range.
 ft>wifi_rf scan ssid lab 3 4
@@ -26,8 +20,6 @@ ft>wifi_rf scan ssid lab 3 -1
 ft wifi_rf scan: Error mode=<-1> is out of supported range.
 ft>wifi_rf cfg 4
 ft wifi_rf cfg: Error TxPath=<4> is out of supported range.
-ft>wifi_rf cfg 0
-ft wifi_rf cfg: Error TxPath=<0> is out of supported range.
 ft>wifi_rf cfg 12
 ft wifi_rf cfg: Error TxPath=<12> is out of supported range.
 ft>wifi_rf cfg 1 03
@@ -106,12 +98,6 @@ Scanning for mac "02:00:00:00:bb:01", 1 iteration(s), antenna mode 0
 scan 1: signal level -55 dBm, quality 50/70
 Average signal level: -55 dBm
 Average quality: 50/70
-$ ftsim set wifi.aps ""
-ft>wifi scan
-ft: Initiating wifi scan... 
-wlan0     No scan results
-
-ft: Done, check AP list above. 
 ft>quit
 ft: WiFi stopped.
 @ exit 0

@@ -30,10 +30,7 @@ ft>wifi stop
 ft: WiFi stopped.
 ft>wifi stop
 ft: WiFi service is already stopped.
-$ ftsim exec -- cat /proc/modules
-| evdev 28672 2 - Live 0x0000000000000000
-| snd_soc_core 253952 1 - Live 0x0000000000000000
-| uvcvideo 106496 0 - Live 0x0000000000000000
+$! ftsim exec -- grep -e ^sd8xxx -e ^mlan /proc/modules
 $! ftsim exec -- test -e /sys/class/net/wlan0
 $ ftsim get wifi.driver
 | unloaded
