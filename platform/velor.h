@@ -35,6 +35,14 @@ int WiredHeadset_WaitForHookSwitchEvent(void);
  * two four-pole wiring standards, other values name no particular standard. */
 int Jack_GetHeadsetType(int* type_out);
 
+/* --- WiFi (network area). */
+
+/** Asks the combo module whether its WiFi chip is present. On success returns
+ * 0 and stores 1 in *present_out (a 32-bit value) when the chip is there, 0
+ * when it is not; on failure returns non-zero with errno set and leaves
+ * *present_out as it was, so a caller that set it to -1 first can tell. */
+int Cap_WiFi(int* present_out);
+
 #ifdef __cplusplus
 }
 #endif

@@ -20,8 +20,6 @@ const std::vector<std::string> kNotBuiltYet = {
     "l2setLinkMode", "l2getLinkMode", "l2GetPVID", "l2GetPortPriority", "l2GetVlan_mbrCfg", "l2ShowAllRules",
     "l2DelAllRules", "l2GetGreenEthernetPort", "l2SetGreenEthernetPort", "l2GetEEEPort", "l2SetEEEPort",
     "l2rgmiiDelayExt_set", "l2getSSC", "l2setSSC", "l2getLPIStatus",       // network: switch
-    "send", "get", "velor",                                                // network: transfers
-    "wifi mac_get", "wifi scan", "wifi start", "wifi stop", "wifi cap", "wifi_rf cfg", "wifi_rf scan",  // WiFi
     "flash", "sdram",                                                      // memory
     "usblist", "usbrw", "usb",                                             // USB
     "bt on", "bt off", "bt mac_get", "bt scan", "bt init", "bt cap",       // Bluetooth

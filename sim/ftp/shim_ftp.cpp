@@ -1,0 +1,57 @@
+// Connections of the phone's programs to port 21 of a 127/8 address go on to
+// the FTP server's own port, on the same address: the server listens on all
+// of the phone's loopback addresses, and a client that connects its data
+// channel to the address it logged in to finds the server there too.
+#include <arpa/inet.h>
+#include <dlfcn.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <string>
+#include <thread>
+
+#include "sim/core/state.h"
+#include "sim/ftp/server.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+bool is_ftp_on_loopback(const sockaddr* address, socklen_t length) {
+    if (address == nullptr || length < sizeof(sockaddr_in) || address->sa_family != AF_INET) return false;
+    sockaddr_in in{};
+    std::memcpy(&in, address, sizeof in);
+    return ntohs(in.sin_port) == ftsim::ftp::kClientPort && (ntohl(in.sin_addr.s_addr) >> 24) == 127;
+}
+
+// The server starts with the phone, beside its first command, so the first
+// transfer may come before it listens: wait for it then, but only while a
+// server started at this power-up has not yet said it is ready. A server
+// that is down, or has gone, refuses at once, as a real one would.
+void wait_for_server() {
+    std::string services;
+    if (!ftsim::read_text("run/services", services) || services.find(ftsim::ftp::kProgram) == std::string::npos)
+        return;
+    const auto deadline = std::chrono::steady_clock::now() + 10s;
+    while (access(ftsim::ftp::kReadyFile, F_OK) != 0 && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::sleep_for(20ms);
+}
+
+}  // namespace
+
+extern "C" int connect(int fd, const sockaddr* address, socklen_t length) {
+    using Connect = int (*)(int, const sockaddr*, socklen_t);
+    static const auto kernel_connect = reinterpret_cast<Connect>(dlsym(RTLD_NEXT, "connect"));
+    if (!is_ftp_on_loopback(address, length)) return kernel_connect(fd, address, length);
+    sockaddr_in server{};
+    std::memcpy(&server, address, sizeof server);
+    server.sin_port = htons(ftsim::ftp::kServerPort);
+    const int saved = errno;
+    wait_for_server();
+    errno = saved;
+    return kernel_connect(fd, reinterpret_cast<const sockaddr*>(&server), sizeof server);
+}
