@@ -1,23 +1,25 @@
 # Words as typed reach the clients as one argument each, whatever they
-# hold, and a command line too long for its buffer runs nothing.
+# hold, and an upload line too long for its buffer runs nothing.
 $ ftsim set ftp.user station-uuuuuuuuuuuuuuuuuuuuuu
 $ ftsim exec -- cp /system/etc/group /data/llllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllll
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
-# 255 characters fit the line; 256 do not.
+# 255 characters fit the line. An upload of 256 is refused; a download is
+# cut to 255, so it asks for a remote name the server does not have.
 ft>send station-uuuuuuuuuuuuuuuuuuuuuu ft /data/llllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllll remote-dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd 127.0.0.1
 ft>send station-uuuuuuuuuuuuuuuuuuuuuu ft /data/lllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllll remote-dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd 127.0.0.1
 Upload command line too long: at most 255 characters. Nothing was sent.
 ft>get station-uuuuuuuuuuuuuuuuuuuuuu ft /data/gggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg remote-dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd 127.0.0.1
 PASS
 ft>get station-uuuuuuuuuuuuuuuuuuuuuu ft /data/ggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg remote-dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd 127.0.0.1
-Download command line too long: at most 255 characters. Nothing was fetched.
+command "ftpget -u station-uuuuuuuuuuuuuuuuuuuuuu -p ft 127.0.0.1 /data/ggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg remote-ddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd" failed, check the input
 FAIL
 $ ftsim exec -- cmp /system/etc/group /data/gggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg
 $ ftsim log
 | ftpput -u station-uuuuuuuuuuuuuuuuuuuuuu -p ft 127.0.0.1 remote-dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd /data/llllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllll
 | ftpget -u station-uuuuuuuuuuuuuuuuuuuuuu -p ft 127.0.0.1 /data/gggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg remote-dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd
+| ftpget -u station-uuuuuuuuuuuuuuuuuuuuuu -p ft 127.0.0.1 /data/ggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg remote-ddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd
 # A password the shell would read as two commands: the server sees it whole.
 $ ftsim set ftp.user ft
 $ ftsim set ftp.password "p;reboot"
@@ -33,6 +35,7 @@ $ ftsim exec -- cmp /system/etc/passwd "/data/$HOME&x"
 $ ftsim log
 | ftpput -u station-uuuuuuuuuuuuuuuuuuuuuu -p ft 127.0.0.1 remote-dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd /data/llllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllll
 | ftpget -u station-uuuuuuuuuuuuuuuuuuuuuu -p ft 127.0.0.1 /data/gggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg remote-dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd
+| ftpget -u station-uuuuuuuuuuuuuuuuuuuuuu -p ft 127.0.0.1 /data/ggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg remote-ddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd
 | ftpput -u ft -p 'p;reboot' 127.0.0.1 q.txt /system/etc/group
 | ftpget -u ft -p 'p;reboot' 127.0.0.1 /data/q.txt q.txt
 | ftpput -u ft -p 'it'\''s$(id)`id`' 127.0.0.1 '"q.txt' /system/etc/passwd

@@ -38,10 +38,9 @@ $ ftsim exec -- rm /proc/modules
 ft>wifi start
 Could not open /proc/modules: No such file or directory
 ft: WiFi started.
-! grep: /proc/modules: No such file or directory
 $ ftsim exec -- cat /proc/modules
-| mlan 385024 1 - Live 0x0000000000000000
-| sd8xxx 524288 0 mlan, Live 0x0000000000000000
+| mlan 385024 1 sd8xxx, Live 0x0000000000000000
+| sd8xxx 524288 0 - Live 0x0000000000000000
 # Unloaded behind the shell's back: the flag is cleared without a word.
 $ ftsim exec -- sh -c "grep -v -e '^sd8xxx ' -e '^mlan ' /proc/modules > /tmp/m; cat /tmp/m > /proc/modules"
 ft>wifi stop

@@ -17,8 +17,8 @@ $ ftsim exec -- cat /proc/modules
 | evdev 28672 2 - Live 0x0000000000000000
 | snd_soc_core 253952 1 - Live 0x0000000000000000
 | uvcvideo 106496 0 - Live 0x0000000000000000
-| mlan 385024 1 - Live 0x0000000000000000
-| sd8xxx 524288 0 mlan, Live 0x0000000000000000
+| mlan 385024 1 sd8xxx, Live 0x0000000000000000
+| sd8xxx 524288 0 - Live 0x0000000000000000
 $ ftsim get wifi.driver
 | loaded
 $ ftsim get wifi.link

@@ -24,7 +24,7 @@ const std::string kBase =
     "snd_soc_core 253952 1 - Live 0x0000000000000000\n"
     "uvcvideo 106496 0 - Live 0x0000000000000000\n";
 const std::string kMlan = "mlan 385024 1 - Live 0x0000000000000000\n";
-const std::string kSd8xxx = "sd8xxx 524288 0 mlan, Live 0x0000000000000000\n";
+const std::string kSd8xxx = "sd8xxx 524288 0 - Live 0x0000000000000000\n";
 
 TEST(WifiModules, DriverLineIsFoundWhereverItStands) {
     EXPECT_TRUE(finds_driver(kSd8xxx));

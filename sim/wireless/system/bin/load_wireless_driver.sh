@@ -6,7 +6,7 @@
 # again (the WiFi and Bluetooth areas hook it).
 # Usage: load_wireless_driver.sh --type wifi|bt
 add_module() {
-  grep -q "^$1 " /proc/modules || echo "$1 $2 $3 $4 Live 0x0000000000000000" >> /proc/modules
+  grep -qs "^$1 " /proc/modules || echo "$1 $2 $3 $4 Live 0x0000000000000000" >> /proc/modules
 }
 if [ "$1" != --type ] || [ $# -ne 2 ]; then
   echo "usage: $0 --type wifi|bt" >&2
@@ -14,8 +14,9 @@ if [ "$1" != --type ] || [ $# -ne 2 ]; then
 fi
 case "$2" in
   wifi)
-    add_module mlan 385024 1 -
-    add_module sd8xxx 524288 0 mlan,
+    # sd8xxx uses mlan: the kernel lists the user beside the module used.
+    add_module mlan 385024 1 sd8xxx,
+    add_module sd8xxx 524288 0 -
     mkdir -p /sys/class/net/wlan0
     phone-state get wifi.mac > /sys/class/net/wlan0/address 2>/dev/null
     phone-state observe wifi.driver loaded 2>/dev/null
