@@ -15,6 +15,7 @@ PASS
 ft>get station-uuuuuuuuuuuuuuuuuuuuuu ft /data/ggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg remote-dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd 127.0.0.1
 command "ftpget -u station-uuuuuuuuuuuuuuuuuuuuuu -p ft 127.0.0.1 /data/ggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg remote-ddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd" failed, check the input
 FAIL
+! ftpget: unexpected server response to RETR: 550 No such file or directory.
 $ ftsim exec -- cmp /system/etc/group /data/gggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg
 $ ftsim log
 | ftpput -u station-uuuuuuuuuuuuuuuuuuuuuu -p ft 127.0.0.1 remote-dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd /data/llllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllll
