@@ -129,6 +129,19 @@ bool make_directory_if_missing(const char* path) {
     return run_line("mkdir %s", path) >= 0;
 }
 
+// A value of openssl's -subj text: '/' would start another attribute and
+// '+' another value of the same one, so those and the backslash that
+// escapes them get a backslash. Other values come out as they are.
+std::array<char, 2 * ft::cred::kMacTextSize> subject_value(const char* text) {
+    std::array<char, 2 * ft::cred::kMacTextSize> out{};
+    std::size_t n = 0;
+    for (const char* p = text; *p != '\0' && n + 2 < out.size(); ++p) {
+        if (*p == '/' || *p == '+' || *p == '\\') out[n++] = '\\';
+        out[n++] = *p;
+    }
+    return out;
+}
+
 enum class Outcome { kDone, kFailed, kNoDeviceKey };
 
 // The making of the key, certificate, bundle and thumbprint. The texts it
@@ -163,9 +176,9 @@ Outcome make_certificate(CText& key, CText& thumbprint) {
         report(kStep, line::kNoMac, "Unable to get MAC");
         return Outcome::kFailed;
     }
-    // The MAC is factory data, typed by whoever programmed it: inside the
-    // subject's quotes it must stay text.
-    const ft::Quoted cn(mac.data(), ft::QuotePlace::DoubleQuoted);
+    // The MAC is factory data, typed by whoever programmed it: it must stay
+    // the common name's text, both to openssl's subject syntax and to the shell.
+    const ft::Quoted cn(subject_value(mac.data()).data(), ft::QuotePlace::DoubleQuoted);
     if (run_line("openssl req -key %s -new -x509 -days 7300 -out %s -subj \"/C=US/ST=CA/O=Velor,Inc./CN=%s\" "
                  "-config %s",
                  kKeyPath, kCertPath, cn.c_str(), kOpensslConfig) < 0) {
