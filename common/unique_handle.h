@@ -1,6 +1,9 @@
 #pragma once
 // One small move-only owner for every kind of handle the shell opens, so that
 // each handler releases what it opened on every return path without goto chains.
+// Closing keeps errno: a handler that gives up on a failed call reports that
+// call's errno after its handles are gone, not the close's.
+#include <cerrno>
 #include <cstdio>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -27,7 +30,10 @@ public:
     [[nodiscard]] T release() noexcept { return std::exchange(h_, Traits::invalid()); }
     void reset(T h = Traits::invalid()) noexcept {
         T old = std::exchange(h_, h);
-        if (!(old == Traits::invalid())) Traits::close(old);
+        if (old == Traits::invalid()) return;
+        const int saved = errno;
+        Traits::close(old);
+        errno = saved;
     }
 
 private:
@@ -69,7 +75,11 @@ public:
     size_t size() const noexcept { return len_; }
     bool valid() const noexcept { return addr_ != MAP_FAILED; }
     void reset() noexcept {
-        if (addr_ != MAP_FAILED) munmap(addr_, len_);
+        if (addr_ != MAP_FAILED) {
+            const int saved = errno;
+            munmap(addr_, len_);
+            errno = saved;
+        }
         addr_ = MAP_FAILED;
         len_ = 0;
     }

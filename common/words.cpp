@@ -36,11 +36,4 @@ int word_to_int(const char* word) noexcept {
     return static_cast<int>(v);
 }
 
-bool word_has_number(const char* word) noexcept {
-    if (word == nullptr) return false;
-    const char* p = skip_blanks(word);
-    if (*p == '+' || *p == '-') ++p;
-    return *p >= '0' && *p <= '9';
-}
-
 }  // namespace ft

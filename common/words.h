@@ -13,10 +13,6 @@ namespace ft {
 long long word_to_number(const char* word) noexcept;
 int word_to_int(const char* word) noexcept;
 
-// True when the word starts (after blanks and a sign) with a decimal digit,
-// which tells a real "0" from a word that atoi would also turn into 0.
-bool word_has_number(const char* word) noexcept;
-
 // Exact comparison against a list of accepted texts: "0" matches "0", "00" does not.
 inline bool word_is_one_of(const char* word, std::initializer_list<std::string_view> accepted) noexcept {
     for (std::string_view a : accepted)

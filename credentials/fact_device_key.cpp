@@ -156,6 +156,43 @@ CText base64_encode(const char* unit, const unsigned char* data, int length) {
     return out;
 }
 
+KeyOutcome derive_device_key(const KeyReport& r, CText& key) {
+    key.reset();
+    auto fail = [&r](int at, const char* message) {
+        print_error_header(r.unit, r.step, at);
+        std::puts(message);
+        return KeyOutcome::kNoKey;
+    };
+    std::array<char, kMacTextSize> mac{};
+    auto read_mac = [&mac] { return get_mac_address(mac.data(), static_cast<int>(mac.size())) == 0; };
+    if (r.mac_before_seed && !read_mac()) return fail(r.mac_line, r.no_mac);
+
+    const int n = seed_length();
+    MallocPtr<unsigned char> seed(static_cast<unsigned char*>(std::calloc(static_cast<std::size_t>(n), 1)));
+    if (!seed) {
+        fail(r.seed_alloc_line, "Failed to allocate memory");
+        return KeyOutcome::kNoSeedBuffer;
+    }
+    // Always from the file, never from memory, so the key is the one every
+    // later derivation from the stored seed gives.
+    if (read_factory_seed(r.unit, seed.get(), n) != 0) return fail(r.seed_read_line, "Failed to get seed of device");
+    MallocPtr<unsigned char> digest(static_cast<unsigned char*>(std::calloc(kDigestBufferSize, 1)));
+    if (!digest) return fail(r.digest_alloc_line, "Failed to allocate memory");
+    if (!r.mac_before_seed && !read_mac()) return fail(r.mac_line, r.no_mac);
+
+    unsigned int digest_length = 0;
+    if (HMAC(EVP_sha256(), seed.get(), n, reinterpret_cast<const unsigned char*>(mac.data()), kMacTextLength,
+             digest.get(), &digest_length) == nullptr)
+        return fail(r.hmac_line, "Failed to do HASH MAC");
+    key = base64_encode(r.unit, digest.get(), static_cast<int>(digest_length));
+    if (r.key_text_line != 0) {
+        print_error_header(r.unit, r.step, r.key_text_line);
+        std::printf("Failed to do base64 key = %s\n", key ? key.get() : "(null)");
+    }
+    if (!key) return fail(r.base64_line, "Failed to do base64 encode");
+    return KeyOutcome::kKey;
+}
+
 }  // namespace ft::cred
 
 using namespace ft::cred;
@@ -248,36 +285,19 @@ CText gen_factory_device_key() {
         report(line::kKeySeed, __func__, "Failed to generate factory seed");
         return nullptr;
     }
-    std::array<char, kMacTextSize> mac{};
-    if (get_mac_address(mac.data(), static_cast<int>(mac.size())) != 0) {
-        // The new seed stays: only the seed step itself takes it back.
-        report(line::kKeyMac, __func__, "Failed to get MAC of device");
-        return nullptr;
-    }
-    const int n = seed_length();
-    MallocPtr<unsigned char> seed(static_cast<unsigned char*>(std::calloc(static_cast<std::size_t>(n), 1)));
-    if (!seed) {
-        report(line::kKeySeedAlloc, __func__, "Failed to allocate memory");
-        return nullptr;
-    }
-    // Derive from the file, not from memory, so the key is the one every later
-    // derivation from the stored seed will give.
-    if (get_factory_seed(seed.get(), n) != 0) {
-        report(line::kKeySeedRead, __func__, "Failed to get seed of device");
-        return nullptr;
-    }
-    MallocPtr<unsigned char> digest(static_cast<unsigned char*>(std::calloc(kDigestBufferSize, 1)));
-    if (!digest) {
-        report(line::kKeyDigestAlloc, __func__, "Failed to allocate memory");
-        return nullptr;
-    }
-    unsigned int digest_length = 0;
-    if (HMAC(EVP_sha256(), seed.get(), n, reinterpret_cast<const unsigned char*>(mac.data()), kMacTextLength,
-             digest.get(), &digest_length) == nullptr) {
-        report(line::kKeyHmac, __func__, "Failed to do HASH MAC");
-        return nullptr;
-    }
-    CText key = do_base64_encode(digest.get(), static_cast<int>(digest_length));
-    if (!key) report(line::kKeyBase64, __func__, "Failed to do base64 encode");
+    // A failure from here on leaves the new seed: only the seed step takes it back.
+    static constexpr KeyReport kReport{kUnit,
+                                       "gen_factory_device_key",
+                                       "Failed to get MAC of device",
+                                       true,
+                                       line::kKeySeedAlloc,
+                                       line::kKeySeedRead,
+                                       line::kKeyDigestAlloc,
+                                       line::kKeyMac,
+                                       line::kKeyHmac,
+                                       line::kKeyBase64,
+                                       0};
+    CText key;
+    derive_device_key(kReport, key);
     return key;
 }

@@ -40,6 +40,28 @@ int seed_length();
 int read_factory_seed(const char* unit, unsigned char* seed, int length);
 CText base64_encode(const char* unit, const unsigned char* data, int length);
 
+// How a derivation of the device key from the seed file reports. The
+// generation and the bundle regeneration derive alike but print under their
+// own unit, step and lines, and differ in the details below.
+struct KeyReport {
+    const char* unit;    // of the seed-reading and base64 steps
+    const char* step;    // of the derivation's own messages
+    const char* no_mac;  // printed after get_mac_address has failed
+    // The generation checks the MAC before it reads back the seed it has
+    // just written; the regeneration first reads the seed all else hangs on.
+    bool mac_before_seed;
+    int seed_alloc_line, seed_read_line, digest_alloc_line, mac_line, hmac_line, base64_line;
+    // Non-zero: the key text (or "(null)") is printed on this line before it is judged.
+    int key_text_line;
+};
+
+enum class KeyOutcome { kKey, kNoKey, kNoSeedBuffer };
+
+// HMAC-SHA256 keyed with the seed file's bytes over the MAC text, as base64
+// text with the encoder's newline, into @p key; null on failure (after the
+// messages). kNoSeedBuffer when not even the seed buffer could be had.
+KeyOutcome derive_device_key(const KeyReport& report, CText& key);
+
 }  // namespace ft::cred
 
 // 0 and the MAC text (colons removed, case kept) in out; -1 on failure.

@@ -1,7 +1,5 @@
 #include "credentials/misc.h"
 
-#include <openssl/evp.h>
-#include <openssl/hmac.h>
 #include <sys/stat.h>
 
 #include <array>
@@ -131,6 +129,19 @@ bool make_directory_if_missing(const char* path) {
     return run_line("mkdir %s", path) >= 0;
 }
 
+// A value of openssl's -subj text: '/' would start another attribute and
+// '+' another value of the same one, so those and the backslash that
+// escapes them get a backslash. Other values come out as they are.
+std::array<char, 2 * ft::cred::kMacTextSize> subject_value(const char* text) {
+    std::array<char, 2 * ft::cred::kMacTextSize> out{};
+    std::size_t n = 0;
+    for (const char* p = text; *p != '\0' && n + 2 < out.size(); ++p) {
+        if (*p == '/' || *p == '+' || *p == '\\') out[n++] = '\\';
+        out[n++] = *p;
+    }
+    return out;
+}
+
 enum class Outcome { kDone, kFailed, kNoDeviceKey };
 
 // The making of the key, certificate, bundle and thumbprint. The texts it
@@ -165,9 +176,9 @@ Outcome make_certificate(CText& key, CText& thumbprint) {
         report(kStep, line::kNoMac, "Unable to get MAC");
         return Outcome::kFailed;
     }
-    // The MAC is factory data, typed by whoever programmed it: inside the
-    // subject's quotes it must stay text.
-    const ft::Quoted cn(mac.data(), ft::QuotePlace::DoubleQuoted);
+    // The MAC is factory data, typed by whoever programmed it: it must stay
+    // the common name's text, both to openssl's subject syntax and to the shell.
+    const ft::Quoted cn(subject_value(mac.data()).data(), ft::QuotePlace::DoubleQuoted);
     if (run_line("openssl req -key %s -new -x509 -days 7300 -out %s -subj \"/C=US/ST=CA/O=Velor,Inc./CN=%s\" "
                  "-config %s",
                  kKeyPath, kCertPath, cn.c_str(), kOpensslConfig) < 0) {
@@ -261,43 +272,6 @@ CText read_thumbprint(std::size_t size) {
     return thumbprint;
 }
 
-// Derives the key from the seed already on the device, as the generation did.
-// Returns 1 when the seed buffer cannot be had, else 0 with key set or null.
-int derive_existing_key(CText& key) {
-    constexpr const char* kStep = "regen_fips_signed_cert";
-    const int n = ft::cred::seed_length();
-    MallocPtr<unsigned char> seed(static_cast<unsigned char*>(std::calloc(static_cast<std::size_t>(n), 1)));
-    if (!seed) {
-        report(kStep, line::kRegenSeedAlloc, "Failed to allocate memory");
-        return 1;
-    }
-    if (ft::cred::read_factory_seed(kUnit, seed.get(), n) != 0) {
-        report(kStep, line::kRegenSeedRead, "Failed to get seed of device");
-        return 0;
-    }
-    MallocPtr<unsigned char> digest(static_cast<unsigned char*>(std::calloc(ft::cred::kDigestBufferSize, 1)));
-    if (!digest) {
-        report(kStep, line::kRegenDigestAlloc, "Failed to allocate memory");
-        return 0;
-    }
-    std::array<char, ft::cred::kMacTextSize> mac{};
-    if (get_mac_address(mac.data(), static_cast<int>(mac.size())) != 0) {
-        report(kStep, line::kRegenNoMac, "Unable to get MAC");
-        return 0;
-    }
-    unsigned int digest_length = 0;
-    if (HMAC(EVP_sha256(), seed.get(), n, reinterpret_cast<const unsigned char*>(mac.data()),
-             ft::cred::kMacTextLength, digest.get(), &digest_length) == nullptr) {
-        report(kStep, line::kRegenHmac, "Failed to do HASH MAC");
-        return 0;
-    }
-    key = ft::cred::base64_encode(kUnit, digest.get(), static_cast<int>(digest_length));
-    header(kStep, line::kRegenKeyText);
-    std::printf("Failed to do base64 key = %s\n", key ? key.get() : "(null)");
-    if (!key) report(kStep, line::kRegenBase64, "Failed to do base64 encode");
-    return 0;
-}
-
 }  // namespace
 
 CText get_formatted_thumb_print() {
@@ -357,8 +331,20 @@ int regen_fips_signed_cert() {
         report(kStep, line::kRegenNoSeed, "Factory seed not present return NULL");
         return -1;
     }
+    // The seed already on the device, as the generation derived it.
+    static constexpr ft::cred::KeyReport kReport{kUnit,
+                                                 kStep,
+                                                 "Unable to get MAC",
+                                                 false,
+                                                 line::kRegenSeedAlloc,
+                                                 line::kRegenSeedRead,
+                                                 line::kRegenDigestAlloc,
+                                                 line::kRegenNoMac,
+                                                 line::kRegenHmac,
+                                                 line::kRegenBase64,
+                                                 line::kRegenKeyText};
     CText key;
-    if (derive_existing_key(key) == 1) return 1;
+    if (ft::cred::derive_device_key(kReport, key) == ft::cred::KeyOutcome::kNoSeedBuffer) return 1;
     if (!key) return -1;
 
     // Each command ends at the key's newline, as in the generation.

@@ -64,10 +64,20 @@ PASS
 $ ftsim exec -- ls /reserved/cp/certs
 | factorySeed
 | factorycert.p12
+# The regeneration reads the seed before it looks at the MAC.
 $ ftsim exec -- truncate -s 20 /reserved/cp/certs/factorySeed
+ft>program write ETHERADD 02:12:34:ab:cd:e
+PASS
 ft>regenfipscert
 ~ \*ERROR\* misc:get_factory_seed\(\):191 Read 20 bytes from /reserved/cp/certs/factorySeed: errno : \d+
 *ERROR* misc:regen_fips_signed_cert():336 Failed to get seed of device
+$ ftsim exec -- truncate -s 32 /reserved/cp/certs/factorySeed
+ft>regenfipscert
+*ERROR* fact_device_key:get_mac_address():69 MAC is not programmed
+*ERROR* fact_device_key:get_mac_address():70 Please program MAC before generating certificate
+*ERROR* misc:regen_fips_signed_cert():348 Unable to get MAC
+ft>program write ETHERADD 02:12:34:ab:cd:ef
+PASS
 $ ftsim fail eeprom_write -1 5
 ft>gencert
 ~ Thumbprint: [0-9A-F:]{95}

@@ -8,6 +8,8 @@ ft>hookswitch 3
 hookswitchTest(): fail - incorrect parameter [3]
 ft>ehs 2
 ehsTest(): fail - incorrect parameter [2]
+ft>ehs 0
+Ehs test has already been stopped
 # The handset was lifted before power-up.
 ft>hookswitch 2
 HOOKSWITCH state: [OFF HOOK]

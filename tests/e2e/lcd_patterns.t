@@ -6,6 +6,10 @@ ft>lcd fill 1
 PASS
 $ ftsim lcd --colours
 | red 384000
+ft>lcd fill 5
+PASS
+$ ftsim lcd --colours
+| white 384000
 ft>lcd fill 0
 FAIL Err invalid color=0
 ft>lcd fill 6
@@ -72,9 +76,15 @@ PASS
 $ ftsim lcd --colours
 | black 382716
 | white 1284
+ft>lcd_digit w 9
+PASS
+$ ftsim lcd --colours
+| black 382984
+| white 1016
 ft>lcd_digit b 0
 PASS
 ft>lcd_digit W 10
+ft>lcd_digit B -1
 ft>lcd_digit X 3
 ft>lcd_digit W x
 $ ftsim lcd --row 236

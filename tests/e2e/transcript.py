@@ -15,6 +15,8 @@ A transcript is what an operator would see, plus what happens around it:
     > text                          the operator types "text" and Enter at a prompt already
                                     shown, after background output (the prompt is not repeated)
     ~ REGEX                         one line of the shell's output that matches REGEX (Python syntax)
+    < FILE                          the shell's output goes on with the content of FILE, exactly
+                                    (FILE beside the transcript: for text shown more than once)
     ! text                          expected line on the shell's standard error
     @ exit 0                        the session ends with this status
     any other line                  expected output of the shell, exactly
@@ -206,6 +208,9 @@ def play(path, ftsim):
                 raise Failure(f"{where}: shell output outside a session: {line!r}")
             elif line.startswith("~ "):
                 session.expect_match(line[2:])
+            elif line.startswith("< "):
+                with open(os.path.join(os.path.dirname(path), line[2:]), "rb") as f:
+                    session.expect(f.read())
             elif line.startswith("! "):
                 session.expected_err += line[2:].encode() + b"\n"
             elif line.startswith("> "):

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 
 #include "platform/eeprom.h"
@@ -57,6 +58,17 @@ TEST_F(Store, ValuesSurviveAndAreTerminatedWithinTheCallersLength) {
     EXPECT_LT(eeprom_read(34, &one, 1), 0);
     EXPECT_LT(eeprom_read(4, &one, 0), 0);
     EXPECT_LT(eeprom_write(-1, "x"), 0);
+}
+
+// A reader that opened the store before a write reads the old store whole:
+// the write replaces the file, so no one ever sees it half written.
+TEST_F(Store, AWriteReplacesTheFileInsteadOfRewritingIt) {
+    ASSERT_EQ(eeprom_write(4, "old"), 0);
+    std::ifstream before(dir_ / "eeprom");
+    ASSERT_EQ(eeprom_write(4, "new"), 0);
+    const std::string old_text((std::istreambuf_iterator<char>(before)), std::istreambuf_iterator<char>());
+    EXPECT_NE(old_text.find("SN_UNIT=old\n"), std::string::npos) << old_text;
+    EXPECT_EQ(read(4), "new");
 }
 
 TEST_F(Store, ProductionModeShowsInOperationalMode) {

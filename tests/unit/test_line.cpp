@@ -85,6 +85,8 @@ TEST(Joiner, QuotedValues) {
     EXPECT_EQ(joined("program write SN_UNIT \"\""), "");
     EXPECT_EQ(joined("program write SN_UNIT x\"y\""), "x\"y\"");         // only a leading quote starts joining
     EXPECT_EQ(joined("program write SN_UNIT"), "");
+    // Words 3 to 19: the last word a line can have still counts.
+    EXPECT_EQ(joined("program write SN_UNIT \"a b c d e f g h i j k l m n o p q\""), "a b c d e f g h i j k l m n o p q");
 }
 
 TEST(Joiner, RefusesAValueOverNinetyNineCharacters) {
