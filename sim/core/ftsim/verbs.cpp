@@ -124,9 +124,7 @@ std::set<std::string> failure_points(const Phone& p) {
         const std::string dir = p.system + sub;
         const Folder folder = Folder::open(dir);
         for (const std::string& name : folder.list()) {
-            if (name.size() < 4 || name.compare(name.size() - 3, 3, ".so") != 0 ||
-                name.find("shim") != std::string::npos)
-                continue;
+            if (name.size() < 4 || name.compare(name.size() - 3, 3, ".so") != 0) continue;
             void* lib = dlopen((dir + "/" + name).c_str(), RTLD_LAZY | RTLD_LOCAL);
             if (!lib) continue;
             using List = std::size_t (*)(const char* const**);

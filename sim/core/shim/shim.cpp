@@ -192,9 +192,13 @@ extern "C" long syscall(long number, ...) noexcept {
     return real(number, a[0], a[1], a[2], a[3], a[4], a[5]);
 }
 
+// A failure point of its own, so that a test can make the system shell
+// impossible to start (a full process table, say) and reach the messages
+// that only a failed start prints. A call that fails is not logged: nothing ran.
 extern "C" int system(const char* command) {
     using System = int (*)(const char*);
     static const auto libc_system = next_symbol<System>("system");
+    FTSIM_FAILURE_POINT();
     log_command(command);
     return libc_system(command);
 }
@@ -202,6 +206,7 @@ extern "C" int system(const char* command) {
 extern "C" FILE* popen(const char* command, const char* mode) {
     using Popen = FILE* (*)(const char*, const char*);
     static const auto libc_popen = next_symbol<Popen>("popen");
+    FTSIM_FAILURE_POINT_RETURNING(nullptr);
     log_command(command);
     return libc_popen(command, mode);
 }
