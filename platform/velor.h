@@ -35,6 +35,12 @@ int WiredHeadset_WaitForHookSwitchEvent(void);
  * two four-pole wiring standards, other values name no particular standard. */
 int Jack_GetHeadsetType(int* type_out);
 
+/* --- Bluetooth. */
+
+/** Asks whether the combo module has Bluetooth: stores 1 in *cap_out when it
+ * has, 0 when it has not; *cap_out is left alone when the query fails. */
+int Cap_Bluetooth(int* cap_out);
+
 #ifdef __cplusplus
 }
 #endif
