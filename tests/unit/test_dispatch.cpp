@@ -24,7 +24,6 @@ const std::vector<std::string> kNotBuiltYet = {
     "wifi mac_get", "wifi scan", "wifi start", "wifi stop", "wifi cap", "wifi_rf cfg", "wifi_rf scan",  // WiFi
     "flash", "sdram",                                                      // memory
     "usblist", "usbrw", "usb",                                             // USB
-    "bt on", "bt off", "bt mac_get", "bt scan", "bt init", "bt cap",       // Bluetooth
     "camera", "cradle",                                                    // camera and cradle
 };
 
