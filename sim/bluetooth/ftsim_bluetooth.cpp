@@ -11,7 +11,8 @@ namespace ftsim {
 namespace {
 
 bool bluetooth_power_up(const Phone&, PowerUp&, std::string&) {
-    for (const char* name : {"bt.driver", "bt.driver.refused", "bt.addr_loader.runs", "bt.adapter", "bt.discovering"})
+    for (const char* name :
+         {"bt.driver", "bt.driver.refused", "bt.addr_loader.runs", "bt.stack", "bt.adapter", "bt.discovering"})
         clear_observed(name);
     return true;
 }
@@ -35,7 +36,7 @@ std::string describe(const bt::Device& d) {
 
 void bluetooth_show(const Phone&, std::string& out) {
     out += "bluetooth: module " + get("bt") + ", driver " + get("bt.driver") + ", HAL " + get("bt.hal") +
-           ", adapter " + get("bt.adapter") + (get("bt.discovering") == "yes" ? ", discovering" : "") +
+           " (stack " + get("bt.stack") + "), adapter " + get("bt.adapter") + (get("bt.discovering") == "yes" ? ", discovering" : "") +
            ", address " + get("bt.address") + "\n";
     std::size_t unreadable = 0;
     const std::vector<bt::Device> devices = bt::devices_in_range(get("bt.devices"), &unreadable);

@@ -9,7 +9,7 @@
 // alarm it asks of the caller's OS call-outs, as the real stack runs its
 // timers; only a caller that gave no call-outs has it keep the time itself.
 //
-// Observed state: bt.adapter, bt.discovering.
+// Observed state: bt.stack, bt.adapter, bt.discovering.
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
@@ -304,6 +304,7 @@ int bt_init(bt_callbacks_t* callbacks) {
     pthread_sigmask(SIG_SETMASK, &old, nullptr);
     if (started != 0) return BT_STATUS_NOMEM;
     s.initialized = true;
+    ftsim::set_observed("bt.stack", "running");
     return BT_STATUS_SUCCESS;
 }
 
@@ -328,6 +329,7 @@ void bt_cleanup() {
         thread = s.thread;
     }
     pthread_join(thread, nullptr);
+    ftsim::set_observed("bt.stack", "stopped");
     Locked held(s.lock);
     s.initialized = false;
     s.requests.clear();

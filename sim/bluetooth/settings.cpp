@@ -37,6 +37,8 @@ const ftsim::SettingsRegistrar kBluetooth{
      "removals of the driver refused as busy since power-up", nullptr},
     {"bt.addr_loader.runs", ftsim::Kind::Observed, "0", "<number>",
      "runs of /system/bin/bd_addr_loader since power-up", nullptr},
+    {"bt.stack", ftsim::Kind::Observed, "stopped", "running|stopped",
+     "the HAL's stack: running from its init until its cleanup has joined its thread", nullptr},
     {"bt.adapter", ftsim::Kind::Observed, "off", "on|off", "the adapter, as the HAL last switched it", nullptr},
     {"bt.discovering", ftsim::Kind::Observed, "no", "yes|no", "whether a discovery runs", nullptr},
 };
