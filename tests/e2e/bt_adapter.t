@@ -1,6 +1,6 @@
 # The adapter after "bt init": its address, on and off twice each, the HAL's
-# refusals, an address report nobody asked for, and quit switching it off
-# and unloading the driver.
+# refusals, an address report nobody asked for, and quit switching it off,
+# stopping the HAL's stack and unloading the driver.
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
@@ -9,6 +9,8 @@ BT interface initialized
 PASS
 $ ftsim get bt.driver
 | loaded
+$ ftsim get bt.stack
+| running
 $ ftsim get bt.addr_loader.runs
 | 1
 # Once initialized, init touches nothing.
@@ -68,5 +70,7 @@ BT state changed: OFF
 @ exit 0
 $ ftsim get bt.driver
 | unloaded
+$ ftsim get bt.stack
+| stopped
 $ ftsim get bt.adapter
 | off

@@ -57,8 +57,11 @@ $ ftsim fail bt_set_os_callouts 7
 ft>bt init
 BT interface initialized
 FAIL
-# None of them initialized it, so quit leaves the driver as it is.
+# None of them initialized it, so quit leaves the driver and the stack as
+# they are.
 ft>q
 @ exit 0
 $ ftsim get bt.driver
 | loaded
+$ ftsim get bt.stack
+| running

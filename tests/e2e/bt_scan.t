@@ -32,8 +32,9 @@ Name                 Address           Class    Type  RSSI
 Late Name            0A:0B:0C:0D:0E:0F 0x001F00 BREDR -40
 BT discovery STOPPED
 # The longest name whole, a longer one cut to it; a type of no known kind;
-# a device that tells its RSSI only, and one that tells nothing but its address.
-$ ftsim set bt.devices "10:00:00:00:00:01,name=A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest k;10:00:00:00:00:02,name=ZA name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest k,type=7;10:00:00:00:00:03,rssi=-128;10:00:00:00:00:04"
+# a device that tells its RSSI only, and one that tells nothing but its
+# address, twice: the second report brings nothing new and is not shown.
+$ ftsim set bt.devices "10:00:00:00:00:01,name=A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest k;10:00:00:00:00:02,name=ZA name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest k,type=7;10:00:00:00:00:03,rssi=-128;10:00:00:00:00:04,twice"
 ft>bt scan
 BT discovery STARTED
 Name                 Address           Class    Type  RSSI
