@@ -35,9 +35,9 @@ std::string describe(const bt::Device& d) {
 }
 
 void bluetooth_show(const Phone&, std::string& out) {
-    out += "bluetooth: module " + get("bt") + ", driver " + get("bt.driver") + ", HAL " + get("bt.hal") +
-           " (stack " + get("bt.stack") + "), adapter " + get("bt.adapter") + (get("bt.discovering") == "yes" ? ", discovering" : "") +
-           ", address " + get("bt.address") + "\n";
+    out += "bluetooth: module " + get("bt") + ", driver " + get("bt.driver") + ", HAL " + get("bt.hal") + " (stack " +
+           get("bt.stack") + "), adapter " + get("bt.adapter") +
+           (get("bt.discovering") == "yes" ? ", discovering" : "") + ", address " + get("bt.address") + "\n";
     std::size_t unreadable = 0;
     const std::vector<bt::Device> devices = bt::devices_in_range(get("bt.devices"), &unreadable);
     out += "bluetooth devices in range: " + std::to_string(devices.size());

@@ -16,9 +16,10 @@ namespace {
 // An id names a file in /system/lib/hw: nothing that could leave that folder.
 bool plain_id(const char* id) {
     if (*id == '\0') return false;
-    for (const char* p = id; *p; ++p)
-        if (!((*p >= 'a' && *p <= 'z') || (*p >= '0' && *p <= '9') || *p == '_' || *p == '.') || (p[0] == '.' && p[1] == '.'))
-            return false;
+    for (const char* p = id; *p; ++p) {
+        const bool allowed = (*p >= 'a' && *p <= 'z') || (*p >= '0' && *p <= '9') || *p == '_' || *p == '.';
+        if (!allowed || (p[0] == '.' && p[1] == '.')) return false;
+    }
     return true;
 }
 

@@ -3,9 +3,9 @@
 namespace {
 // Three neighbours of different kinds, one of them without a name.
 constexpr const char* kDevicesInRange =
-    "00:1A:7D:DA:71:13,name=Meeting Room Speaker,class=240414,type=1,rssi=-52;"
-    "C4:4F:33:6B:0E:91,name=Badge Tag,type=2,rssi=-77;"
-    "5C:F3:70:8A:21:04,class=5A020C,type=3,rssi=-64";
+    "02:4B:10:DA:71:13,name=Meeting Room Speaker,class=240414,type=1,rssi=-52;"
+    "06:3C:22:6B:0E:91,name=Badge Tag,type=2,rssi=-77;"
+    "0A:5E:31:8A:21:04,class=5A020C,type=3,rssi=-64";
 
 const ftsim::SettingsRegistrar kBluetooth{
     {"bt", ftsim::Kind::Condition, "present", "present|absent",

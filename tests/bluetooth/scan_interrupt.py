@@ -15,9 +15,9 @@ import tempfile
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "e2e"))
 from terminal import Terminal  # noqa: E402
 
-DEVICES = [rb"Meeting Room Speaker 00:1A:7D:DA:71:13 0x240414 BREDR -52\r\n",
-           rb"Badge Tag            C4:4F:33:6B:0E:91 BLE   -77\r\n",
-           rb"Unknown              5C:F3:70:8A:21:04 0x5A020C DUAL  -64\r\n"]
+DEVICES = [rb"Meeting Room Speaker 02:4B:10:DA:71:13 0x240414 BREDR -52\r\n",
+           rb"Badge Tag            06:3C:22:6B:0E:91 BLE   -77\r\n",
+           rb"Unknown              0A:5E:31:8A:21:04 0x5A020C DUAL  -64\r\n"]
 SIGINT_STATUS = 130
 
 
@@ -77,9 +77,9 @@ def cancelled_scan_and_show(phone):
         check("bluetooth: module present, driver loaded, HAL present (stack running), adapter on, discovering, "
               "address 00:11:22:AA:BB:CC\n" in show, "show: driver, adapter, discovery")
         check("bluetooth devices in range: 3\n"
-              "  00:1A:7D:DA:71:13 \"Meeting Room Speaker\" class 0x240414 BR/EDR RSSI -52\n"
-              "  C4:4F:33:6B:0E:91 \"Badge Tag\" LE RSSI -77\n"
-              "  5C:F3:70:8A:21:04 class 0x5A020C dual mode RSSI -64\n" in show, "show: the devices in range")
+              "  02:4B:10:DA:71:13 \"Meeting Room Speaker\" class 0x240414 BR/EDR RSSI -52\n"
+              "  06:3C:22:6B:0E:91 \"Badge Tag\" LE RSSI -77\n"
+              "  0A:5E:31:8A:21:04 class 0x5A020C dual mode RSSI -64\n" in show, "show: the devices in range")
 
         t.ctrl_c()
         after = t.expect(rb"ft>")

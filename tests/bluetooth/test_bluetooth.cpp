@@ -57,8 +57,8 @@ TEST(DevicesInRange, ItemsAndTheirLimits) {
     std::size_t unreadable = 0;
     const auto devices = devices_in_range(
         "0a:0b:0c:0d:0e:0f,name=Desk,class=5A020C,type=3,rssi=-128,twice;;"
-        "10:00:00:00:00:02,rssi=127;10:00:00:00:00:03,rssi=-129;10:00:00:00:00:04,rssi=128;"
-        "10:00:00:00:00:05,colour=red;10:00:00:00:00:6;10-00-00-00-00-07",
+        "12:00:00:00:00:02,rssi=127;12:00:00:00:00:03,rssi=-129;12:00:00:00:00:04,rssi=128;"
+        "12:00:00:00:00:05,colour=red;10:00:00:00:00:6;10-00-00-00-00-07",
         &unreadable);
     ASSERT_EQ(devices.size(), 2u);
     EXPECT_EQ(unreadable, 5u);

@@ -11,9 +11,9 @@ ft>bt scan
 BT state changed: ON
 BT discovery STARTED
 Name                 Address           Class    Type  RSSI
-Meeting Room Speaker 00:1A:7D:DA:71:13 0x240414 BREDR -52
-Badge Tag            C4:4F:33:6B:0E:91 BLE   -77
-Unknown              5C:F3:70:8A:21:04 0x5A020C DUAL  -64
+Meeting Room Speaker 02:4B:10:DA:71:13 0x240414 BREDR -52
+Badge Tag            06:3C:22:6B:0E:91 BLE   -77
+Unknown              0A:5E:31:8A:21:04 0x5A020C DUAL  -64
 BT discovery STOPPED
 BT state changed: OFF
 $ ftsim get bt.discovering
@@ -34,14 +34,14 @@ BT discovery STOPPED
 # The longest name whole, a longer one cut to it; a type of no known kind;
 # a device that tells its RSSI only, and one that tells nothing but its
 # address, twice: the second report brings nothing new and is not shown.
-$ ftsim set bt.devices "10:00:00:00:00:01,name=A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest k;10:00:00:00:00:02,name=ZA name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest k,type=7;10:00:00:00:00:03,rssi=-128;10:00:00:00:00:04,twice"
+$ ftsim set bt.devices "12:00:00:00:00:01,name=A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest k;12:00:00:00:00:02,name=ZA name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest k,type=7;12:00:00:00:00:03,rssi=-128;12:00:00:00:00:04,twice"
 ft>bt scan
 BT discovery STARTED
 Name                 Address           Class    Type  RSSI
-A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest k 10:00:00:00:00:01 
-ZA name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest  10:00:00:00:00:02 Unknown 
-Unknown              10:00:00:00:00:03 -128
-Unknown              10:00:00:00:00:04 
+A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest k 12:00:00:00:00:01 
+ZA name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest kind a device may tell A name of the longest  12:00:00:00:00:02 Unknown 
+Unknown              12:00:00:00:00:03 -128
+Unknown              12:00:00:00:00:04 
 BT discovery STOPPED
 $ ftsim set bt.devices "02:00:00:00:00:01,name=Device 01,rssi=-41;02:00:00:00:00:02,name=Device 02,rssi=-42;02:00:00:00:00:03,name=Device 03,rssi=-43;02:00:00:00:00:04,name=Device 04,rssi=-44;02:00:00:00:00:05,name=Device 05,rssi=-45;02:00:00:00:00:06,name=Device 06,rssi=-46;02:00:00:00:00:07,name=Device 07,rssi=-47;02:00:00:00:00:08,name=Device 08,rssi=-48;02:00:00:00:00:09,name=Device 09,rssi=-49;02:00:00:00:00:0A,name=Device 10,rssi=-50;02:00:00:00:00:0B,name=Device 11,rssi=-51;02:00:00:00:00:0C,name=Device 12,rssi=-52;02:00:00:00:00:0D,name=Device 13,rssi=-53;02:00:00:00:00:0E,name=Device 14,rssi=-54;02:00:00:00:00:0F,name=Device 15,rssi=-55;02:00:00:00:00:10,name=Device 16,rssi=-56;02:00:00:00:00:11,name=Device 17,rssi=-57;02:00:00:00:00:12,name=Device 18,rssi=-58;02:00:00:00:00:13,name=Device 19,rssi=-59;02:00:00:00:00:14,name=Device 20,rssi=-60;02:00:00:00:00:15,name=Device 21,rssi=-61;02:00:00:00:00:16,name=Device 22,rssi=-62;02:00:00:00:00:17,name=Device 23,rssi=-63;02:00:00:00:00:18,name=Device 24,rssi=-64;02:00:00:00:00:19,name=Device 25,rssi=-65"
 ft>bt scan
