@@ -43,6 +43,12 @@ int Jack_GetHeadsetType(int* type_out);
  * *present_out as it was, so a caller that set it to -1 first can tell. */
 int Cap_WiFi(int* present_out);
 
+/* --- Bluetooth. */
+
+/** Asks whether the combo module has Bluetooth: stores 1 in *cap_out when it
+ * has, 0 when it has not; *cap_out is left alone when the query fails. */
+int Cap_Bluetooth(int* cap_out);
+
 #ifdef __cplusplus
 }
 #endif

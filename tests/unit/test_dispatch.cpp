@@ -22,7 +22,6 @@ const std::vector<std::string> kNotBuiltYet = {
     "l2rgmiiDelayExt_set", "l2getSSC", "l2setSSC", "l2getLPIStatus",       // network: switch
     "flash", "sdram",                                                      // memory
     "usblist", "usbrw", "usb",                                             // USB
-    "bt on", "bt off", "bt mac_get", "bt scan", "bt init", "bt cap",       // Bluetooth
     "camera", "cradle",                                                    // camera and cradle
 };
 

@@ -262,6 +262,12 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
             std::fprintf(stderr, "ftsim: cannot confine the phone: %s\n", std::strerror(errno));
             _exit(127);
         }
+        // bubblewrap's own processes share the terminal with the phone: a
+        // Ctrl+C that is the phone's to handle must not end them, and the
+        // phone with them. phone-init gives the phone's command the default
+        // actions back.
+        signal(SIGINT, SIG_IGN);
+        signal(SIGQUIT, SIG_IGN);
         execv("/usr/bin/bwrap", argv.data());
         std::fprintf(stderr, "ftsim: cannot run bwrap: %s\n", std::strerror(errno));
         _exit(127);
