@@ -25,6 +25,13 @@ $ ftsim get bt.addr_loader.runs
 $ ftsim get bt.driver
 | unloaded
 $ ftsim set bt.addr_loader 0
+# No shell to run the driver script in.
+$ ftsim fail system -1 EAGAIN
+ft>bt init
+load_bt_driver: failed
+ERROR: failed to load BT driver!
+FAIL
+$ ftsim unfail system
 $ ftsim set bt.hal absent
 ft>bt init
 ERROR: failed to load BT HAL library!
