@@ -81,17 +81,6 @@ l2rgmiiDelayExt_set() FAIL. txDelay not valid !
 ft>l2setSSC on
 
 l2setSSC() FAIL. SSC status not valid ! 
-# Words that pass the checks reach the handler; none is in this build yet.
-ft>l2GetVlan_mbrCfg 4095
-Not a valid command
-ft>l2GetVlan_mbrCfg vlan
-Not a valid command
-ft>l2GetVlan_mbrCfg all
-Not a valid command
-ft>l2rgmiiDelayExt_set 2 0 anything
-Not a valid command
-ft>l2portResetCntrs all
-Not a valid command
 ft>quit now please
 @ exit 0
 $ ftsim log
