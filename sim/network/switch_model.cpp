@@ -58,7 +58,9 @@ std::vector<Field> fields(Switch& s) {
         for (std::size_t c = 0; c < kCounterNames.size(); ++c)
             list.push_back({k + kCounterNames[c], &p.counters[c], 0, kCounterMax});
     }
-    list.push_back({"green", &s.green, 0, 1});
+    // A register field the library hands on as the switch holds it, so a
+    // switch that went astray can be shown to the commands.
+    list.push_back({"green", &s.green, 0, 255});
     list.push_back({"ssc", &s.ssc, 0, 1});
     list.push_back({"cpu.txdelay", &s.tx_delay, 0, 1});
     list.push_back({"cpu.rxdelay", &s.rx_delay, 0, 7});
