@@ -58,7 +58,7 @@ struct Call {
     const char* step = "";  // the second of two library calls names itself in the error line
 };
 
-// The report marker (see report_marker below): where the command creates it.
+// Where a report command creates the report marker (below), if it makes one.
 enum class Report { None, BeforeChannel, AfterChannel };
 
 struct Row {
@@ -153,7 +153,7 @@ int run(const Row& r, Call c) {
     return r.done ? r.done(c) : pass(c);
 }
 
-// --- The commands, in the order of the help screen.
+// --- The commands.
 
 constexpr Row kEarlyInit{
     .name = "rltkFTEarlyInit",

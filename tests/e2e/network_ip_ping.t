@@ -65,6 +65,17 @@ PING 127.0.0.1 (127.0.0.1) 56(84) bytes of data.
 --- 127.0.0.1 ping statistics ---
 4 packets transmitted, 4 received, 0% packet loss, time 3003ms
 rtt min/avg/max/mdev = 0.035/0.046/0.058/0.009 ms
+ft>ping 127.255.255.254
+PING 127.255.255.254 (127.255.255.254) 56(84) bytes of data.
+
+--- 127.255.255.254 ping statistics ---
+4 packets transmitted, 4 received, 0% packet loss, time 3003ms
+rtt min/avg/max/mdev = 0.035/0.046/0.058/0.009 ms
+ft>ping 128.0.0.1
+PING 128.0.0.1 (128.0.0.1) 56(84) bytes of data.
+
+--- 128.0.0.1 ping statistics ---
+4 packets transmitted, 0 received, 100% packet loss, time 3003ms
 ft>ping 10.0.0.1
 PING 10.0.0.1 (10.0.0.1) 56(84) bytes of data.
 
@@ -114,6 +125,10 @@ $ ftsim log
 | ping -q -c 4 192.168.1.20
 | ping -q -c 4 127.0.0.1
 | ping -q -c 4 127.0.0.1
+| ping -q -c 4 127.255.255.254
+| ping -q -c 4 127.255.255.254
+| ping -q -c 4 128.0.0.1
+| ping -q -c 4 128.0.0.1
 | ping -q -c 4 10.0.0.1
 | ping -q -c 4 10.0.0.1
 | ifconfig eth0 10.1.2.3

@@ -111,6 +111,10 @@ ft>l2getAutoMDIX 0
 
 Got autoMDIXPort port=0 autoMDIXPort=(L2SW_AUTO_MDIX_DISABLED)
 PASS
+ft>l2getAutoMDIX 1
+
+Got autoMDIXPort port=1 autoMDIXPort=(L2SW_AUTO_MDIX_DISABLED)
+PASS
 ft>l2setAutoMDIX 1 1
 Setting autoMDIXPort port=1 to (L2SW_AUTO_MDIX_ENABLED)
 PASS

@@ -88,6 +88,9 @@ PASS
 ft>l2rgmiiDelayExt_set 2 1 9
 Setting rgmiiDelayExt on port=2 to (txDelay=1) and (rxDelay=9)
 rltkFTrgmiiDelayExt_set() ERROR: ret=-1, errno=22 Invalid argument
+ft>l2rgmiiDelayExt_set 2 0 8
+Setting rgmiiDelayExt on port=2 to (txDelay=0) and (rxDelay=8)
+rltkFTrgmiiDelayExt_set() ERROR: ret=-1, errno=22 Invalid argument
 ft>l2rgmiiDelayExt_set 2 1 7
 Setting rgmiiDelayExt on port=2 to (txDelay=1) and (rxDelay=7)
 PASS

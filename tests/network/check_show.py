@@ -78,6 +78,9 @@ def main():
         expect("after ip in factory test", ADDRESSED, network_lines())
         ftsim("shell", stdin=SESSION.encode())
         expect("after a session", CHANGED, network_lines())
+        # A power cycle: the switch, eth0 and the lamps come up as at any boot.
+        ftsim("exec", "--", "true")
+        expect("after a power cycle", ADDRESSED.replace("inet 192.168.1.20", "no address"), network_lines())
     finally:
         shutil.rmtree(state, ignore_errors=True)
     print("FAILED" if failed else "ok")
