@@ -26,10 +26,8 @@ inline constexpr std::array<const char*, kPortCount> kPortKeys{"pc", "lan", "cpu
 std::optional<int> port_index(std::int32_t id);
 
 // The port counters, in the order the counter report prints them.
-inline constexpr std::array<const char*, 10> kCounterNames{
-    "ifInOctets",          "ifInUcastPkts",      "ifInMulticastPkts",     "ifInBroadcastPkts",
-    "ifOutOctets",         "ifOutUcastPkts",     "ifOutMulticastPkts",    "ifOutBroadcastPkts",
-    "dot3StatsFCSErrors",  "etherStatsDropEvents",
+inline constexpr std::array<const char*, 6> kCounterNames{
+    "ifInOctets", "ifInUcastPkts", "ifOutOctets", "ifOutUcastPkts", "dot3StatsFCSErrors", "etherStatsDropEvents",
 };
 
 struct Port {

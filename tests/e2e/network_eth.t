@@ -63,14 +63,6 @@ GetLinkMode() port=2 actual linkmode:(L2SW_LINK_MODE_10_FULL)
 
 GetLinkStatus() port=2 link status:(L2SW_LINK_UP)
 PASS
-ft>eth 1 1
-
-GetLinkMode() port=2 link mode:(L2SW_LINK_MODE_10_FULL)
-
-GetLinkMode() port=2 actual linkmode:(L2SW_LINK_MODE_DISABLED)
-
-GetLinkStatus() port=2 link status:(L2SW_LINK_DOWN)
-PASS
 ft>eth 1 11
 
 GetLinkMode() port=2 link mode:(L2SW_LINK_MODE_10_HALF)
@@ -119,14 +111,6 @@ GetLinkMode() port=1 actual linkmode:(L2SW_LINK_MODE_INVALID)
 
 GetLinkStatus() port=1 link status:(L2SW_LINK_DOWN)
 PASS
-ft>eth 0 1002
-
-GetLinkMode() port=1 link mode:(L2SW_LINK_MODE_1000_FULL)
-
-GetLinkMode() port=1 actual linkmode:(L2SW_LINK_MODE_INVALID)
-
-GetLinkStatus() port=1 link status:(L2SW_LINK_DOWN)
-PASS
 ft>eth 0
 FAIL: eth() port not found...
 ft>eth x 0
@@ -142,10 +126,6 @@ FAIL: in eth() NA!!!!
 ft>eth 1 103
 FAIL: in eth() NA!!!!
 ft>eth 1 1005
-FAIL: not match ..
-ft>eth 1 999
-FAIL: not match ..
-ft>eth 1 2
 FAIL: not match ..
 ft>eth 1 5
 FAIL: not match ..

@@ -4,9 +4,6 @@
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
-ft>l2portCntrs 3
-
-l2portCntrs() FAIL. port not valid ! 
 ft>l2portCntrs 00
 
 l2portCntrs() FAIL. port not valid ! 
@@ -19,19 +16,10 @@ l2portResetCntrs() FAIL. port not valid !
 ft>l2portResetCntrs ALL
 
 l2portResetCntrs() FAIL. port not valid ! 
-ft>l2portResetCntrs -1
-
-l2portResetCntrs() FAIL. port not valid ! 
 ft>l2getmac 2
 
 l2getmac() FAIL. port not valid ! 
-ft>l2getmac
-
-l2getmac() FAIL. port not valid ! 
 ft>l2getPhyRegValue 2 0
-
-l2getPhyRegValue() FAIL. port not valid ! 
-ft>l2getPhyRegValue
 
 l2getPhyRegValue() FAIL. port not valid ! 
 ft>l2Init 2
@@ -40,15 +28,9 @@ l2Init() FAIL. port not valid !
 ft>l2Init +1
 
 l2Init() FAIL. port not valid ! 
-ft>l2Init
-
-l2Init() FAIL. port not valid ! 
 ft>l2setAutoMDIX
 
 l2setAutoMDIX() FAIL. port not valid ! 
-ft>l2setAutoMDIX 0
-
-l2setAutoMDIX() FAIL. mode not valid ! 
 ft>l2getAutoMDIX 2
 
 l2getAutoMDIX() FAIL. port not valid ! 
@@ -56,9 +38,6 @@ ft>l2setLinkStatus 3 1
 
 l2setLinkStatus() FAIL. port not valid ! 
 ft>l2setLinkStatus 0 0
-
-l2setLinkStatus() FAIL. status not valid ! 
-ft>l2setLinkStatus 0 5
 
 l2setLinkStatus() FAIL. status not valid ! 
 ft>l2setLinkStatus 0
@@ -73,30 +52,18 @@ l2setLinkMode() FAIL. port not valid !
 ft>l2setLinkMode 0 0
 
 l2setLinkMode() FAIL. status not valid ! 
-ft>l2setLinkMode 0 7
-
-l2setLinkMode() FAIL. status not valid ! 
 ft>l2getLinkMode 2
 
 l2getLinkMode() FAIL. port not valid ! 
 ft>l2getLinkMode 01
 
 l2getLinkMode() FAIL. port not valid ! 
-ft>l2GetPVID -1
-
-l2GetPVID() FAIL. port not valid ! 
 ft>l2GetPVID
 
 l2GetPVID() FAIL. port not valid ! 
 ft>l2GetPortPriority 3
 
 l2GetPortPriority() FAIL. port not valid ! 
-ft>l2GetPortPriority
-
-l2GetPortPriority() FAIL. port not valid ! 
-ft>l2SetGreenEthernetPort on
-
-l2SetGreenEthernetPort() FAIL. mode not valid !
 ft>l2SetGreenEthernetPort
 
 l2SetGreenEthernetPort() FAIL. mode not valid !
@@ -109,24 +76,12 @@ l2SetEEEPort() FAIL. port not valid !
 ft>l2SetEEEPort 1 2
 
 l2SetEEEPort() FAIL. mode not valid ! 
-ft>l2SetEEEPort 1
-
-l2SetEEEPort() FAIL. mode not valid ! 
-ft>l2rgmiiDelayExt_set 3 0 0
-
-l2rgmiiDelayExt_set() FAIL. port not valid (only cpu_port (2) ) ! 
 ft>l2rgmiiDelayExt_set 0 0 0
 
 l2rgmiiDelayExt_set() FAIL. port not valid (only cpu_port (2) ) ! 
-ft>l2rgmiiDelayExt_set 2
-
-l2rgmiiDelayExt_set() FAIL. txDelay not valid ! 
 ft>l2rgmiiDelayExt_set 2 01 0
 
 l2rgmiiDelayExt_set() FAIL. txDelay not valid ! 
-ft>l2setSSC 2
-
-l2setSSC() FAIL. SSC status not valid ! 
 ft>l2setSSC
 
 l2setSSC() FAIL. SSC status not valid ! 

@@ -12,12 +12,8 @@ ft>l2portCntrs 1
 Port 0x2 (LAN) counters:
  ifInOctets            : 1284736
  ifInUcastPkts         : 8120
- ifInMulticastPkts     : 640
- ifInBroadcastPkts     : 371
  ifOutOctets           : 502211
  ifOutUcastPkts        : 7904
- ifOutMulticastPkts    : 12
- ifOutBroadcastPkts    : 5
  dot3StatsFCSErrors    : 0
  etherStatsDropEvents  : 0
 
@@ -25,36 +21,6 @@ FTportCntrs(): PASS
 $ ftsim exec -- sh -c 'set -- $(phone-state get switch.report); [ ${3#marker=} -ge 1000 ] && echo $1 $2 marker held'
 | portCntrs 0x2 marker held
 $ ftsim exec -- test ! -e /tmp/specialFTfile.txt
-ft>l2portCntrs 0
-Port 0x1 (PC) counters:
- ifInOctets            : 0
- ifInUcastPkts         : 0
- ifInMulticastPkts     : 0
- ifInBroadcastPkts     : 0
- ifOutOctets           : 0
- ifOutUcastPkts        : 0
- ifOutMulticastPkts    : 0
- ifOutBroadcastPkts    : 0
- dot3StatsFCSErrors    : 0
- etherStatsDropEvents  : 0
-
-FTportCntrs(): PASS
-ft>l2portCntrs 2
-Port 0x400 (CPU) counters:
- ifInOctets            : 502211
- ifInUcastPkts         : 7904
- ifInMulticastPkts     : 12
- ifInBroadcastPkts     : 5
- ifOutOctets           : 1161480
- ifOutUcastPkts        : 7310
- ifOutMulticastPkts    : 322
- ifOutBroadcastPkts    : 371
- dot3StatsFCSErrors    : 0
- etherStatsDropEvents  : 0
-
-FTportCntrs(): PASS
-$ ftsim exec -- sh -c 'set -- $(phone-state get switch.report); [ ${3#marker=} -ge 1000 ] && echo $1 $2 marker held'
-| portCntrs 0x400 marker held
 ft>l2portResetCntrs 1
 
 rltkFTportResetCntrs(): PASS
@@ -62,12 +28,8 @@ ft>l2portCntrs 1
 Port 0x2 (LAN) counters:
  ifInOctets            : 0
  ifInUcastPkts         : 0
- ifInMulticastPkts     : 0
- ifInBroadcastPkts     : 0
  ifOutOctets           : 0
  ifOutUcastPkts        : 0
- ifOutMulticastPkts    : 0
- ifOutBroadcastPkts    : 0
  dot3StatsFCSErrors    : 0
  etherStatsDropEvents  : 0
 
@@ -76,16 +38,14 @@ ft>l2portCntrs 2
 Port 0x400 (CPU) counters:
  ifInOctets            : 502211
  ifInUcastPkts         : 7904
- ifInMulticastPkts     : 12
- ifInBroadcastPkts     : 5
  ifOutOctets           : 1161480
  ifOutUcastPkts        : 7310
- ifOutMulticastPkts    : 322
- ifOutBroadcastPkts    : 371
  dot3StatsFCSErrors    : 0
  etherStatsDropEvents  : 0
 
 FTportCntrs(): PASS
+$ ftsim exec -- sh -c 'set -- $(phone-state get switch.report); [ ${3#marker=} -ge 1000 ] && echo $1 $2 marker held'
+| portCntrs 0x400 marker held
 ft>l2portResetCntrs all
 
 rltkFTportResetCntrs(): PASS
@@ -93,12 +53,8 @@ ft>l2portCntrs 2
 Port 0x400 (CPU) counters:
  ifInOctets            : 0
  ifInUcastPkts         : 0
- ifInMulticastPkts     : 0
- ifInBroadcastPkts     : 0
  ifOutOctets           : 0
  ifOutUcastPkts        : 0
- ifOutMulticastPkts    : 0
- ifOutBroadcastPkts    : 0
  dot3StatsFCSErrors    : 0
  etherStatsDropEvents  : 0
 
@@ -115,11 +71,6 @@ l2getVlanMbrCfg PASS
 $ ftsim exec -- sh -c 'set -- $(phone-state get switch.report); [ ${3#marker=} -ge 1000 ] && echo $1 $2 marker held'
 | VlanMbrCfg 9999 marker held
 $ ftsim exec -- test ! -e /tmp/specialFTfile.txt
-ft>l2GetVlan_mbrCfg 1
-VLAN member configuration:
- VLAN    1: members 0x403, untagged 0x403, FID 0
-
-l2getVlanMbrCfg PASS
 ft>l2GetVlan_mbrCfg 4095
 VLAN member configuration:
  VLAN 4095: not configured
@@ -151,7 +102,7 @@ ACL rules: 2
  rule 0: ethertype 0x88cc (LLDP), any port -> trap to CPU
  rule 1: ethertype 0x888e (EAPOL), any port -> trap to CPU
 PASS
-# A /tmp that cannot be written: no marker, no report, and nothing changes.
+# A /tmp that cannot be written: no marker, no report.
 $ ftsim exec -- chmod 555 /tmp
 ft>l2portCntrs 1
 
@@ -178,12 +129,8 @@ ft>l2portCntrs 1
 Port 0x2 (LAN) counters:
  ifInOctets            : 0
  ifInUcastPkts         : 0
- ifInMulticastPkts     : 0
- ifInBroadcastPkts     : 0
  ifOutOctets           : 0
  ifOutUcastPkts        : 0
- ifOutMulticastPkts    : 0
- ifOutBroadcastPkts    : 0
  dot3StatsFCSErrors    : 0
  etherStatsDropEvents  : 0
 deleteFile(): Unable to delete the file - please delete the file /tmp/specialFTfile.txt !!!
@@ -227,6 +174,5 @@ $ ftsim fail L2Switch_ShowAllRules -1 ENODEV
 ft>l2ShowAllRules
 rltkFTshowAllRules() ERROR: ret=-1, errno=19 No such device
 $ ftsim exec -- test ! -e /tmp/specialFTfile.txt
-$ ftsim unfail all
 ft>^D
 @ exit 0

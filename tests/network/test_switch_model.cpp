@@ -84,7 +84,7 @@ TEST(StateFile, WhatIsSavedComesBack) {
     s.ports[kLan].mode = L2SW_LINK_MODE_100_HALF;
     s.ports[kPc].forced = L2SW_LINK_DISABLED;
     s.ports[kPc].test_mode = 3;
-    s.ports[kCpu].counters[9] = 1LL << 40;
+    s.ports[kCpu].counters[5] = 1LL << 40;
     s.ssc = 1;
     s.rx_delay = 7;
     s.acl = 0;
