@@ -123,6 +123,7 @@ int run(const Row& r, Call c) {
     }
     Net_fd_init();
     if (!r.ports.empty()) {
+        // "all" is the fourth entry, which only the counter reset's row has.
         c.port = ft::word_is(c.w1, "all") ? kAllPorts : num(c.w1);
         if (c.port < 0 || static_cast<std::size_t>(c.port) >= r.ports.size()) {
             std::printf("%s() FAIL: port not exist!!\n", r.name);

@@ -43,6 +43,8 @@ int Jack_GetHeadsetType(int* type_out);
  * The switch has three ports, addressed by bit-mask identifiers: the PC port
  * 0x1, the LAN port 0x2 and the CPU port 0x400 (the switch's link to the
  * phone's own processor); 0x403 names all three where an operation says so.
+ * The CPU port has no PHY: the PHY operations (test modes, PHY registers,
+ * automatic MDI/MDI-X, EEE) take the PC and LAN ports only.
  * Values are 32-bit signed unless a declaration says otherwise. Results are
  * negative on failure, with errno set, and 0 or more on success, except for
  * the Led_ operations, where only 0 is success. */

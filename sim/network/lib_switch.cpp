@@ -94,7 +94,6 @@ std::string marker_age() {
 }
 
 int reported(const std::string& kind, const std::string& arg, const std::string& marker) {
-    std::fflush(stdout);
     return ftsim::set_observed("switch.report", kind + " " + arg + " marker=" + marker) ? 0 : -1;
 }
 
