@@ -14,12 +14,6 @@ namespace {
 // area that lands deletes its line (and drops FT_NOT_BUILT_YET from its header).
 const std::vector<std::string> kNotBuiltYet = {
     "loop", "section508", "tone", "warn",                                  // audio
-    "setport", "ethled", "eth", "ip", "ping", "led",                       // network: ports and LEDs
-    "l2resetSettings", "l2portCntrs", "l2portResetCntrs", "l2getmac", "l2printMacTable", "l2getRegValue",
-    "l2getPhyRegValue", "l2Init", "l2setAutoMDIX", "l2getAutoMDIX", "l2setLinkStatus", "l2getLinkStatus",
-    "l2setLinkMode", "l2getLinkMode", "l2GetPVID", "l2GetPortPriority", "l2GetVlan_mbrCfg", "l2ShowAllRules",
-    "l2DelAllRules", "l2GetGreenEthernetPort", "l2SetGreenEthernetPort", "l2GetEEEPort", "l2SetEEEPort",
-    "l2rgmiiDelayExt_set", "l2getSSC", "l2setSSC", "l2getLPIStatus",       // network: switch
     "flash", "sdram",                                                      // memory
     "usblist", "usbrw", "usb",                                             // USB
     "camera", "cradle",                                                    // camera and cradle
