@@ -112,28 +112,15 @@ $ ftsim get eth0.address
 | 10.1.2.3
 $ ftsim log
 | ifconfig eth0
-| ifconfig eth0
 | am broadcast -a com.velor.endpoint.intent.action.ftcommand -e "ip" '192.168.1.20'
-| broadcast com.velor.endpoint.intent.action.ftcommand ip=192.168.1.20
 | am broadcast -a com.velor.endpoint.intent.action.ftcommand -e "ip" '255.255.255.255'
-| broadcast com.velor.endpoint.intent.action.ftcommand ip=255.255.255.255
-| ifconfig eth0 192.168.1.20
 | ifconfig eth0 192.168.1.20
 | ifconfig eth0
-| ifconfig eth0
-| ping -q -c 4 192.168.1.20
 | ping -q -c 4 192.168.1.20
 | ping -q -c 4 127.0.0.1
-| ping -q -c 4 127.0.0.1
-| ping -q -c 4 127.255.255.254
 | ping -q -c 4 127.255.255.254
 | ping -q -c 4 128.0.0.1
-| ping -q -c 4 128.0.0.1
-| ping -q -c 4 10.0.0.1
 | ping -q -c 4 10.0.0.1
 | ifconfig eth0 10.1.2.3
-| ifconfig eth0 10.1.2.3
 | ifconfig eth0
-| ifconfig eth0
-| ping -q -c 4 192.168.1.20
 | ping -q -c 4 192.168.1.20

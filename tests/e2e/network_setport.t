@@ -134,46 +134,26 @@ ft>^D
 # Each line the shell ran, then each stand-in's own call.
 $ ftsim log
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
-| ethtool -s eth0 speed 10 duplex full autoneg off
 | ethtool -s eth0 speed 10 duplex full autoneg off
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
-| ethtool -s eth0 speed 10 duplex half autoneg off
 | ethtool -s eth0 speed 10 duplex half autoneg off
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
-| ethtool -s eth0 speed 100 duplex full autoneg off
 | ethtool -s eth0 speed 100 duplex full autoneg off
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
-| ethtool -s eth0 speed 100 duplex half autoneg off
 | ethtool -s eth0 speed 100 duplex half autoneg off
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
-| ethtool -s eth0 speed 1000 duplex full autoneg on
 | ethtool -s eth0 speed 1000 duplex full autoneg on
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
-| ifconfig eth0 down
 | ifconfig eth0 down
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
 | ifconfig eth0 down;ethtool -s eth0 autoneg on;ifconfig eth0 up
 | ifconfig eth0 down
 | ethtool -s eth0 autoneg on
 | ifconfig eth0 up
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
-| ethtool eth0
