@@ -153,7 +153,4 @@ $ ftsim log
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
 | ifconfig eth0 down;ethtool -s eth0 autoneg on;ifconfig eth0 up
-| ifconfig eth0 down
-| ethtool -s eth0 autoneg on
-| ifconfig eth0 up
 | ethtool eth0 | grep -E 'Duplex|Speed|Link detected|Auto-negotiation'
