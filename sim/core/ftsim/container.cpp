@@ -182,6 +182,25 @@ private:
     struct sigaction old_int_{}, old_quit_{};
 };
 
+// The phone's first program becomes the terminal's foreground job (see
+// /system/bin/foreground); once the phone is off, the terminal goes back to
+// the job that ran ftsim, if it had it.
+class TerminalForeground {
+public:
+    TerminalForeground() : ours_(isatty(STDIN_FILENO) && tcgetpgrp(STDIN_FILENO) == getpgrp()) {}
+    ~TerminalForeground() {
+        if (!ours_) return;
+        struct sigaction ignore {}, old {};
+        ignore.sa_handler = SIG_IGN;
+        sigaction(SIGTTOU, &ignore, &old);
+        tcsetpgrp(STDIN_FILENO, getpgrp());
+        sigaction(SIGTTOU, &old, nullptr);
+    }
+
+private:
+    bool ours_;
+};
+
 }  // namespace
 
 int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bool interactive) {
@@ -249,6 +268,7 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
     std::vector<char*> argv = pointers(a);
 
     std::fflush(stdout);
+    TerminalForeground foreground;
     const pid_t child = fork();
     if (child < 0) return fail(std::string("fork: ") + std::strerror(errno), 1);
     if (child == 0) {
