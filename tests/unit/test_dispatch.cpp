@@ -20,10 +20,7 @@ const std::vector<std::string> kNotBuiltYet = {
     "l2setLinkMode", "l2getLinkMode", "l2GetPVID", "l2GetPortPriority", "l2GetVlan_mbrCfg", "l2ShowAllRules",
     "l2DelAllRules", "l2GetGreenEthernetPort", "l2SetGreenEthernetPort", "l2GetEEEPort", "l2SetEEEPort",
     "l2rgmiiDelayExt_set", "l2getSSC", "l2setSSC", "l2getLPIStatus",       // network: switch
-    "flash", "sdram",                                                      // memory
-    "usblist", "usbrw", "usb",                                             // USB
     "bt on", "bt off", "bt mac_get", "bt scan", "bt init", "bt cap",       // Bluetooth
-    "camera", "cradle",                                                    // camera and cradle
 };
 
 TEST(Dispatch, EveryRowOfALandedAreaReachesItsHandler) {
