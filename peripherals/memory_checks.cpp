@@ -7,6 +7,7 @@
 namespace ft::memory {
 
 bool flash_text_matches(std::span<const char> read) noexcept {
+    if (read.empty()) return false;
     const void* zero = std::memchr(read.data(), '\0', read.size());
     if (zero == nullptr) return false;
     const std::size_t length = static_cast<std::size_t>(static_cast<const char*>(zero) - read.data());
