@@ -254,8 +254,8 @@ int usblist() {
         std::printf("FAIL to open dir %s.\n", kScsiHosts);
         return -1;
     }
-    // The listing runs relative to each host, and the process stays here.
-    [[maybe_unused]] int moved = chdir(kScsiHosts);
+    // The listing runs relative to each host; the process stays in the host list.
+    bool in_hosts = chdir(kScsiHosts) == 0;
     bool any = false;
     while (const dirent* entry = readdir(hosts.get())) {
         const std::string_view name = entry->d_name;
@@ -263,9 +263,9 @@ int usblist() {
         if (!any) std::puts("Attached devices:");
         any = true;
         std::printf("%s:\n", entry->d_name);
-        if (chdir(entry->d_name) != 0) continue;
+        if (!in_hosts || chdir(entry->d_name) != 0) continue;
         ft::run_command("find device/target*/ -name model | xargs cat");
-        moved = chdir(kScsiHosts);
+        in_hosts = chdir(kScsiHosts) == 0;
     }
     if (!any) std::puts("No devices found.");
     return 0;

@@ -75,8 +75,6 @@ ft>camera 00
 FAIL
 ft>camera x
 FAIL
-ft>camera -1
-FAIL
 ft>camera
 FAIL
 # A detection that fails later leaves the earlier one in force.

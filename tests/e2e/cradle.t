@@ -45,16 +45,9 @@ $ ftsim set cradle undefined
 ft>cradle 0
 Cradle state undefined
 FAIL
-ft>cradle 2
-Cradle state undefined
-FAIL
 $ ftsim set cradle connected
 $ ftsim fail BTHandsetCradle_IsConnected 1
 ft>cradle 0
-Failed to get the connection state of the BT handset cradle
-FAIL
-$ ftsim fail BTHandsetCradle_IsConnected -1 EIO
-ft>cradle 1
 Failed to get the connection state of the BT handset cradle
 FAIL
 $ ftsim unfail all

@@ -79,9 +79,6 @@ $ ftsim get usb.limit
 $ ftsim fail Usb_GetCurrentLimit -1 EIO
 ft>usb limit get
 Usb_getCurrentLimit() error
-$ ftsim fail Usb_GetCurrentLimit 2
-ft>usb limit get
-Error unexpected value in Usb_getCurrentLimit(): 2
 $ ftsim fail Usb_GetCurrentLimit -2
 ft>usb limit get
 Error unexpected value in Usb_getCurrentLimit(): -2
