@@ -166,6 +166,29 @@ int Led_SetSteadyStateAll(int32_t on);
 /** Every LED of the phone flashing with the given on and off periods. Returns 0 on success. */
 int Led_SetFlashStateAll(int32_t on_period, int32_t off_period);
 
+/* --- USB port, Bluetooth handset cradle and its charger (peripherals area). */
+
+/** Switches the power of USB port 1 on. Returns 0 or more when done, -2 when
+ * the port is in device mode and cannot supply power, any other negative
+ * value on failure. */
+int Usb_Port1_On(void);
+/** Switches the power of USB port 1 off; results as Usb_Port1_On. */
+int Usb_Port1_Off(void);
+/** Stores in *fault_out whether an overcurrent occurred on the port (1) or
+ * not (0). Returns 0 or more when *fault_out was filled, negative on failure. */
+int Usb_HadPowerFault(int* fault_out);
+/** Sets the port's current limit: 0 for 100 mA, 1 for 500 mA. Returns 0 when
+ * done, anything else on failure. */
+int Usb_SetCurrentLimit(int limit);
+/** Returns the port's current limit, 0 (100 mA) or 1 (500 mA), or -1 on failure. */
+int Usb_GetCurrentLimit(void);
+/** Stores the cradle's connection state in *state_out: 0 disconnected,
+ * 1 connected (other values say the cradle's state is undefined). Returns 0
+ * on success. */
+int BTHandsetCradle_IsConnected(int* state_out);
+/** Switches the cradle's charger on (1) or off (0). Returns 0 on success. */
+int BTHandsetCharger_SetState(int on);
+
 #ifdef __cplusplus
 }
 #endif

@@ -53,7 +53,8 @@ int wifi_exit(int) { return record("wifi_exit", {}); }
 H0(btEnable) H0(btDisable) H0(btScan) H0(btTestInit) H0(btCap)
 int btGetMacAddr(char*) { return record("btGetMacAddr", {}); }
 H0(flash) H1(sdram) H2(setport) H1(ethled) H2(eth) H2(ip) H1(ping) H1(ledTest) H5(sendFTP) H5(getFTP)
-H4(velor_regulatory) H0(usblist) H0(usbrw) H2(usb_cmd) H1(cameraAction) H1(cradleTest)
+H4(velor_regulatory) H0(usblist) H0(usbrw) H2(usb_cmd) H1(cameraAction)
+void cradleTest(const char* a) { record("cradleTest", {a}); }
 H0(gen_self_signed_cert) H0(regen_fips_signed_cert)
 H0(rltkFTResetSettings) H1(rltkFTportCntrs) H1(rltkFTportResetCntrs) H1(rltkFTGetMac) H0(rltkFTPrintMacTable)
 H1(rltkFTGetRegValue) H2(rltkFTGetPhyRegValue) H1(rltkFTEarlyInit) H2(rltkFTsetAutoMDIX) H1(rltkFTgetAutomdix)

@@ -14,9 +14,6 @@ namespace {
 // area that lands deletes its line (and drops FT_NOT_BUILT_YET from its header).
 const std::vector<std::string> kNotBuiltYet = {
     "loop", "section508", "tone", "warn",                                  // audio
-    "flash", "sdram",                                                      // memory
-    "usblist", "usbrw", "usb",                                             // USB
-    "camera", "cradle",                                                    // camera and cradle
 };
 
 TEST(Dispatch, EveryRowOfALandedAreaReachesItsHandler) {
