@@ -97,6 +97,10 @@ int hookswitch_state() {
     return 0;
 }
 
+// The threads' entries, as the product names them.
+int hookswitchTrackThread();
+int ehsTrackThread();
+
 void* hookswitch_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(hookswitchTrackThread())); }
 void* ehs_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(ehsTrackThread())); }
 
@@ -124,14 +128,15 @@ HookMonitor g_ehs{
     nullptr,
 };
 
+int hookswitchTrackThread() { return track(g_hookswitch); }
+int ehsTrackThread() { return track(g_ehs); }
+
 }  // namespace
 
 int hookswitchTestInit() { return start(g_hookswitch); }
-int hookswitchTrackThread() { return track(g_hookswitch); }
 int hookswitchTest(const char* mode) { return command(g_hookswitch, mode); }
 int hookswitchTestDestroy() { return destroy(g_hookswitch); }
 
 int ehsTestInit() { return start(g_ehs); }
-int ehsTrackThread() { return track(g_ehs); }
 int ehsTest(const char* mode) { return command(g_ehs, mode); }
 int ehsTestDestroy() { return destroy(g_ehs); }

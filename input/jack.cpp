@@ -53,6 +53,8 @@ constexpr ft::input::MonitorTexts kTexts{
 
 ft::input::Monitor g_jack{kTexts, SIGUSR2, signalHandler, g_stop, jack_records, process_jack_record};
 
+int jackTrackThread() { return ft::input::monitor_run(g_jack); }
+
 void* jack_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(jackTrackThread())); }
 
 }  // namespace
@@ -61,8 +63,6 @@ int jackTestInit() {
     const char* name = is_corvane_entry() ? "tlv320aic3x tdm audio card 3.5 Headset Jack" : "trs_headset";
     return ft::input::monitor_start(g_jack, name, jack_thread);
 }
-
-int jackTrackThread() { return ft::input::monitor_run(g_jack); }
 
 int jackTest(const char* mode) { return ft::input::monitor_switch(g_jack, mode, g_detection, jackFirstReport, "jackdet"); }
 

@@ -42,6 +42,8 @@ constexpr ft::input::MonitorTexts kTexts{
 
 ft::input::Monitor g_keypad{kTexts, SIGUSR1, signalHandler, g_stop, key_records_only, report_key};
 
+int keyTrackThread() { return ft::input::monitor_run(g_keypad); }
+
 void* keypad_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(keyTrackThread())); }
 
 }  // namespace
@@ -50,8 +52,6 @@ int keyTestInit() {
     const char* name = is_corvane_entry() ? "soc:gpio-matrix-keypad" : "soc:gpio_keys";
     return ft::input::monitor_start(g_keypad, name, keypad_thread);
 }
-
-int keyTrackThread() { return ft::input::monitor_run(g_keypad); }
 
 int keyTest(const char* mode) { return ft::input::monitor_switch(g_keypad, mode, g_reporting, firstReport, "keypad"); }
 
