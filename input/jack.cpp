@@ -3,8 +3,8 @@
 #include <atomic>
 #include <csignal>
 #include <cstdint>
-#include <cstdio>
 
+#include "common/console.h"
 #include "input/event_monitor.h"
 #include "input/jack_events.h"
 #include "input/monitors.h"
@@ -33,8 +33,12 @@ void process_jack_record(const Record& r) {
     // While both are off the jack's state is not followed either: it stays
     // what was seen the last time reporting was on.
     if (!detection && !buttons) return;
-    if (jackFirstReport.exchange(false)) std::putchar('\n');
-    ft::input::interpret_jack_record(g_state, r, detection, buttons, Jack_GetHeadsetType, stdout);
+    // The first processed record brings the line feed even when it prints
+    // nothing itself; with a line, both go out in one piece.
+    const bool first = jackFirstReport.exchange(false);
+    ft::input::JackLine line{};
+    ft::input::interpret_jack_record(g_state, r, detection, buttons, Jack_GetHeadsetType, line);
+    if (first || line[0] != '\0') ft::async_printf("%s%s", first ? "\n" : "", line.data());
 }
 
 constexpr ft::input::MonitorTexts kTexts{

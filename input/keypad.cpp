@@ -2,8 +2,8 @@
 #include <atomic>
 #include <csignal>
 #include <cstdint>
-#include <cstdio>
 
+#include "common/console.h"
 #include "input/event_monitor.h"
 #include "input/monitors.h"
 #include "platform/velor.h"
@@ -22,8 +22,9 @@ bool key_records_only(std::uint16_t type) { return type == ft::input::kTypeKey; 
 
 void report_key(const Record& r) {
     if (!g_reporting.load()) return;
-    if (firstReport.exchange(false)) std::putchar('\n');
-    std::printf("KeyCode[%04x] value[%d]\n", r.code, r.value);
+    // The first report's line feed goes out with it, in one piece.
+    const char* feed = firstReport.exchange(false) ? "\n" : "";
+    ft::async_printf("%sKeyCode[%04x] value[%d]\n", feed, r.code, r.value);
 }
 
 constexpr ft::input::MonitorTexts kTexts{

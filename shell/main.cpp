@@ -6,6 +6,7 @@
 #include <readline/readline.h>
 #include <unistd.h>
 
+#include "common/console.h"
 #include "shell/dispatch.h"
 #include "shell/handlers.h"
 #include "shell/line.h"
@@ -51,8 +52,8 @@ bool terminal_gone() {
 }  // namespace
 
 int main() {
-    // Stations read us through pipes: every line must leave as it is finished.
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    // Before anything is printed: background reports must know where lines begin.
+    ft::console::watch_stdout();
     start_up();
 
     // A tab is an ordinary character of a word here, not a request to
