@@ -20,8 +20,9 @@ import subprocess
 import sys
 import tempfile
 
-# Words of real commands that neither wait nor change the phone for long.
-COMMANDS = [b"info", b"production", b"program read SN_UNIT", b"program list", b"program write SN_UNIT X1",
+# Words of real commands that neither wait nor change the phone for long
+# (not production: followed by any word from 1 up, it reboots the phone).
+COMMANDS = [b"info", b"program read SN_UNIT", b"program list", b"program write SN_UNIT X1",
             b"key 1", b"key 0", b"hookswitch 2", b"jackdet 1", b"help", b"lcd", b"ft", b"ft ft", b"l2GetPVID 3",
             b"wifi", b"mfg bt"]
 # Keys an editor would act on: history, search, undo, yank, macros, meta keys.

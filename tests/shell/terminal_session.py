@@ -5,6 +5,7 @@ line (and the cursor where it was) is drawn again under it; history, Ctrl+D
 and Ctrl+C stay as an operator knows them."""
 import argparse
 import os
+import signal
 import sys
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -57,8 +58,9 @@ def editing_history_and_end_of_input(ftsim):
         # Ctrl-D on an empty line shows the prompt again.
         t.ctrl_d()
         t.expect(PROMPT)
+        # ... and the lines after it end as before it, without a blank line.
         t.type("program read SN_UNIT\r")
-        t.expect(rb'SN_UNIT = "<NOT Initialized>"\r\n' + PROMPT)
+        t.expect(rb"program read SN_UNIT" + DONE + rb'SN_UNIT = "<NOT Initialized>"\r\n' + PROMPT)
         # Ctrl+C has its default effect: the shell ends at once.
         t.type("prod")
         t.ctrl_c()
@@ -67,11 +69,46 @@ def editing_history_and_end_of_input(ftsim):
         assert b"Not a valid command" not in t.seen, "the half-typed line never ran"
 
 
+def shell_pid(t):
+    """The factory shell among the processes the terminal's ftsim started."""
+    children = {}
+    for entry in os.listdir("/proc"):
+        if not entry.isdigit():
+            continue
+        try:
+            with open(f"/proc/{entry}/stat") as f:
+                parent = f.read().rsplit(")", 1)[1].split()[1]
+            with open(f"/proc/{entry}/cmdline", "rb") as f:
+                command = f.read()
+        except OSError:
+            continue
+        children.setdefault(parent, []).append((entry, command))
+    todo = [str(t.proc.pid)]
+    while todo:
+        for pid, command in children.get(todo.pop(), []):
+            if command == b"/system/bin/ft\0":
+                return int(pid)
+            todo.append(pid)
+    raise AssertionError("no shell among the phone's processes")
+
+
+def interrupt_restores_the_terminal(ftsim):
+    # SIGINT to the shell alone, as readline meets Ctrl+C: the terminal is
+    # given back (the line editor's modes off) before the shell ends of it.
+    with ph.Phone(ftsim) as phone, Terminal(ftsim, phone.state) as t:
+        t.expect(PROMPT)
+        t.type("prod")
+        t.expect(rb"prod")
+        os.kill(shell_pid(t), signal.SIGINT)
+        t.expect(rb"\A\^C\x1b\[\?2004l\r")
+        assert t.wait_exit() == 128 + 2
+
+
 def main():
     ap = argparse.ArgumentParser()
     ap.add_argument("--ftsim", required=True)
     args = ap.parse_args()
-    for check in (event_redraws_the_line, editing_history_and_end_of_input):
+    for check in (event_redraws_the_line, editing_history_and_end_of_input, interrupt_restores_the_terminal):
         check(args.ftsim)
         print(f"ok {check.__name__}")
     return 0
