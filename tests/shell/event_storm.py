@@ -39,7 +39,7 @@ def main():
         list_all = out[len(ph.BANNER) + len(b"ft>program list all\n"):-len(b"ft>")]
         assert list_all.count(b"\n") == 34, list_all
 
-        shell = phone.start()
+        shell = ph.Shell(phone)
         shell.wait_for(lambda o: o.endswith(b"ft>"))
         shell.send(b"key 1\n")
         shell.wait_for(lambda o: o.endswith(b"Start keypad test\nft>"))
@@ -61,7 +61,7 @@ def main():
         sent = [b"key 1"]
         while presser.is_alive():
             command = cycle[len(sent) % len(cycle)]
-            prompts = shell.out.count(b"ft>")
+            prompts = shell.out.data.count(b"ft>")
             shell.send(command + b"\n")
             sent.append(command)
             shell.wait_for(lambda o, n=prompts: o.count(b"ft>") > n)
@@ -70,10 +70,10 @@ def main():
         shell.send(b"q\n")
         sent.append(b"q")
         status = shell.finish()
-        out = shell.out
+        out = shell.out.data
 
     assert not failures, failures
-    assert status == 0 and shell.err == b"", (status, shell.err)
+    assert status == 0 and shell.err.data == b"", (status, shell.err.data)
 
     # Every event is a whole line of its own, in the order pressed.
     events = []

@@ -2,11 +2,12 @@
 station drives it: standard input a pipe, standard output read as it comes."""
 import os
 import subprocess
+import sys
 import tempfile
-import threading
 import time
 
-TIMEOUT = float(os.environ.get("FT_TRANSCRIPT_TIMEOUT", "20"))
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "e2e"))
+from transcript import TIMEOUT, Stream  # noqa: E402
 
 BANNER = b"Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.\n\n"
 
@@ -27,61 +28,40 @@ class Phone:
         return subprocess.run([self.ftsim_path, "--state", self.state, *args], check=True, capture_output=True,
                               timeout=TIMEOUT).stdout
 
-    def session(self, data, timeout=TIMEOUT * 6):
-        """Runs the shell on @p data (all of it sent at once, then end of
-        input); returns standard output, standard error and the exit status."""
-        with tempfile.TemporaryFile() as feed:
+    def session(self, data):
+        """Runs the shell on @p data, then end of input; returns standard
+        output, standard error and the exit status."""
+        with tempfile.TemporaryFile() as feed:  # a file is no terminal either
             feed.write(data)
             feed.seek(0)
             proc = subprocess.run([self.ftsim_path, "--state", self.state, "shell"], stdin=feed,
-                                  capture_output=True, timeout=timeout)
+                                  capture_output=True, timeout=TIMEOUT * 6)
         return proc.stdout, proc.stderr, proc.returncode
-
-    def start(self):
-        return Shell(self)
 
 
 class Shell:
-    """The shell on a pipe, its output gathered by a thread as it comes."""
+    """The shell on a pipe, its output gathered as it comes."""
 
     def __init__(self, phone):
         self.proc = subprocess.Popen([phone.ftsim_path, "--state", phone.state, "shell"], stdin=subprocess.PIPE,
                                      stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        self.out = b""
-        self.cond = threading.Condition()
-        self.reader = threading.Thread(target=self._pump, daemon=True)
-        self.reader.start()
-        self.err = b""
-        self.err_reader = threading.Thread(target=self._pump_err, daemon=True)
-        self.err_reader.start()
-
-    def _pump(self):
-        while True:
-            chunk = os.read(self.proc.stdout.fileno(), 65536)
-            with self.cond:
-                if not chunk:
-                    self.cond.notify_all()
-                    return
-                self.out += chunk
-                self.cond.notify_all()
-
-    def _pump_err(self):
-        self.err = self.proc.stderr.read()
+        self.out = Stream(self.proc.stdout)
+        self.err = Stream(self.proc.stderr)
 
     def send(self, text):
         self.proc.stdin.write(text)
         self.proc.stdin.flush()
 
-    def wait_for(self, done, timeout=TIMEOUT):
+    def wait_for(self, done):
         """Waits until done(output so far) holds; returns the output."""
-        deadline = time.monotonic() + timeout
-        with self.cond:
-            while not done(self.out):
-                left = deadline - time.monotonic()
-                if left <= 0 or not self.reader.is_alive():
-                    raise AssertionError(f"the shell's output never got there; it is:\n{self.out[-2000:]!r}")
-                self.cond.wait(left)
-            return self.out
+        deadline = time.monotonic() + TIMEOUT
+        while True:
+            out = self.out.wait_for(0, 0)
+            if done(out):
+                return out
+            if self.out.closed or time.monotonic() > deadline:
+                raise AssertionError(f"the shell's output never got there; it ends:\n{out[-2000:]!r}")
+            self.out.wait_for(len(out) + 1, 0.05)
 
     def finish(self):
         """Ends the input; returns the exit status once the shell is gone."""
@@ -92,6 +72,6 @@ class Shell:
             self.proc.kill()
             self.proc.wait()
             raise AssertionError("the shell did not end")
-        self.reader.join()
-        self.err_reader.join()
+        self.out.thread.join()
+        self.err.thread.join()
         return status

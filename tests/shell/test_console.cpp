@@ -65,25 +65,6 @@ std::vector<Read> read_all(const std::string& text, std::string& echoed) {
     return reads;
 }
 
-TEST(PlainLines, ControlBytesAreCharactersAndEveryLineIsEchoedAsSent) {
-    // The bytes a line editor would act on: history (^P, ^N), search (^R),
-    // end of input (^D), escape sequences, a tab, a carriage return.
-    const std::string lines[] = {"\x10\x10", "\x12", "\x04", "key \x04", "a\x1b[Ab", "ft\tinfo", "info\r", "", "  "};
-    std::string text;
-    for (const std::string& l : lines) text += l + "\n";
-    std::string echoed;
-    const std::vector<Read> reads = read_all(text, echoed);
-    ASSERT_EQ(reads.size(), std::size(lines) + 1);
-    std::string expected_echo;
-    for (std::size_t i = 0; i < std::size(lines); ++i) {
-        EXPECT_EQ(reads[i].got, Input::Line) << i;
-        EXPECT_EQ(reads[i].line, lines[i]) << i;
-        expected_echo += "ft>" + lines[i] + "\n";
-    }
-    EXPECT_EQ(reads.back().got, Input::End);
-    EXPECT_EQ(echoed, expected_echo + "ft>") << "the last prompt meets the end of input";
-}
-
 TEST(PlainLines, LimitsNulAndAnUnfinishedLastLine) {
     const std::string longest(255, 'a');
     const std::string too_long(256, 'b');
