@@ -50,7 +50,9 @@ struct Waiting {
     std::size_t size = 0;
     ft::UniqueFd wake;
 };
-Waiting g_waiting;
+// Never destroyed: the hook monitors' threads are not joined, and one may
+// report while the process ends.
+Waiting& g_waiting = *new Waiting;
 
 void wake_shell() {
     const std::uint64_t one = 1;
