@@ -12,6 +12,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "common/console.h"
 #include "common/unique_handle.h"
 #include "common/words.h"
 
@@ -86,7 +87,7 @@ namespace {
 // Steps before the loop; their failures end the thread.
 int prepare(Monitor& m, sigset_t& waiting_mask) {
     if (m.fd.load() < 0) {
-        std::puts(m.texts.thread_not_open);
+        ft::async_printf("%s\n", m.texts.thread_not_open);
         return -1;
     }
     struct sigaction sa{};
@@ -95,7 +96,7 @@ int prepare(Monitor& m, sigset_t& waiting_mask) {
     // No SA_RESTART: the teardown's signal has to break the wait.
     sa.sa_flags = 0;
     if (sigaction(m.stop_signal, &sa, nullptr) != 0) {
-        std::puts(m.texts.no_handler);
+        ft::async_printf("%s\n", m.texts.no_handler);
         return -1;
     }
     // The stop signal is let in only while the thread waits for a record, so
@@ -141,7 +142,7 @@ int monitor_run(Monitor& m) {
             m.process(record);
         } else {
             const int error = errno;
-            if (error != EINTR && !m.stop) std::printf(m.texts.read_error, static_cast<int>(n), error);
+            if (error != EINTR && !m.stop) ft::async_printf(m.texts.read_error, static_cast<int>(n), error);
         }
     }
     return 0;

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <pthread.h>
 
+#include "common/console.h"
 #include "common/words.h"
 #include "input/monitors.h"
 #include "platform/velor.h"
@@ -18,7 +19,7 @@ struct HookMonitor {
     const char* null_mode;       // a line
     const char* bad_mode;        // printf format with the word
     const char* thread_failed;   // printf format with the error code
-    const char* event_line;      // printf format with the state's name
+    const char* event_line;      // printf format with the first report's feed and the state's name
     int (*wait)();
     void* (*entry)(void*);
     int (*query)();  // mode "2", where the monitor has one
@@ -37,8 +38,8 @@ int track(HookMonitor& m) {
         // A failed wait (-1) is dropped and the wait repeated.
         const int state = m.wait();
         if (state != -1 && m.reporting.load()) {
-            if (m.first_report.exchange(false)) std::putchar('\n');
-            std::printf(m.event_line, hook_state_name(state));
+            const char* feed = m.first_report.exchange(false) ? "\n" : "";
+            ft::async_printf(m.event_line, feed, hook_state_name(state));
         }
         if (m.stop.load()) return 0;
     }
@@ -97,6 +98,10 @@ int hookswitch_state() {
     return 0;
 }
 
+// The threads' entries, as the product names them.
+int hookswitchTrackThread();
+int ehsTrackThread();
+
 void* hookswitch_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(hookswitchTrackThread())); }
 void* ehs_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(ehsTrackThread())); }
 
@@ -106,7 +111,7 @@ HookMonitor g_hookswitch{
     "hookswitchTest(): fail - NULL pointer",
     "hookswitchTest(): fail - incorrect parameter [%s]\n",
     "hookswitchTestInit(): fail - thread can't be created, error=%d\n",
-    "HOOKSWITCH event: [%s]\n",
+    "%sHOOKSWITCH event: [%s]\n",
     CradleHookswitch_WaitForHookswitchEvent,
     hookswitch_thread,
     hookswitch_state,
@@ -118,20 +123,21 @@ HookMonitor g_ehs{
     "ehsTest(): fail - NULL pointer",
     "ehsTest(): fail - incorrect parameter [%s]\n",
     "ehsTestInit(): fail - thread can't be created, error=%d\n",
-    "EHS event: [%s]\n",
+    "%sEHS event: [%s]\n",
     WiredHeadset_WaitForHookSwitchEvent,
     ehs_thread,
     nullptr,
 };
 
+int hookswitchTrackThread() { return track(g_hookswitch); }
+int ehsTrackThread() { return track(g_ehs); }
+
 }  // namespace
 
 int hookswitchTestInit() { return start(g_hookswitch); }
-int hookswitchTrackThread() { return track(g_hookswitch); }
 int hookswitchTest(const char* mode) { return command(g_hookswitch, mode); }
 int hookswitchTestDestroy() { return destroy(g_hookswitch); }
 
 int ehsTestInit() { return start(g_ehs); }
-int ehsTrackThread() { return track(g_ehs); }
 int ehsTest(const char* mode) { return command(g_ehs, mode); }
 int ehsTestDestroy() { return destroy(g_ehs); }

@@ -3,8 +3,8 @@
 #include <atomic>
 #include <csignal>
 #include <cstdint>
-#include <cstdio>
 
+#include "common/console.h"
 #include "input/event_monitor.h"
 #include "input/jack_events.h"
 #include "input/monitors.h"
@@ -33,8 +33,12 @@ void process_jack_record(const Record& r) {
     // While both are off the jack's state is not followed either: it stays
     // what was seen the last time reporting was on.
     if (!detection && !buttons) return;
-    if (jackFirstReport.exchange(false)) std::putchar('\n');
-    ft::input::interpret_jack_record(g_state, r, detection, buttons, Jack_GetHeadsetType, stdout);
+    // The first processed record brings the line feed even when it prints
+    // nothing itself; with a line, both go out in one piece.
+    const bool first = jackFirstReport.exchange(false);
+    ft::input::JackLine line{};
+    ft::input::interpret_jack_record(g_state, r, detection, buttons, Jack_GetHeadsetType, line);
+    if (first || line[0] != '\0') ft::async_printf("%s%s", first ? "\n" : "", line.data());
 }
 
 constexpr ft::input::MonitorTexts kTexts{
@@ -53,6 +57,8 @@ constexpr ft::input::MonitorTexts kTexts{
 
 ft::input::Monitor g_jack{kTexts, SIGUSR2, signalHandler, g_stop, jack_records, process_jack_record};
 
+int jackTrackThread() { return ft::input::monitor_run(g_jack); }
+
 void* jack_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(jackTrackThread())); }
 
 }  // namespace
@@ -61,8 +67,6 @@ int jackTestInit() {
     const char* name = is_corvane_entry() ? "tlv320aic3x tdm audio card 3.5 Headset Jack" : "trs_headset";
     return ft::input::monitor_start(g_jack, name, jack_thread);
 }
-
-int jackTrackThread() { return ft::input::monitor_run(g_jack); }
 
 int jackTest(const char* mode) { return ft::input::monitor_switch(g_jack, mode, g_detection, jackFirstReport, "jackdet"); }
 

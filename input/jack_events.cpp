@@ -1,6 +1,7 @@
 #include "input/jack_events.h"
 
 #include <array>
+#include <cstdio>
 
 namespace ft::input {
 namespace {
@@ -35,10 +36,12 @@ int headset_type(const JackState& s, HeadsetTypeQuery query) {
     return kTypeMic;
 }
 
-void evaluate_change(JackState& s, bool detection, HeadsetTypeQuery query, std::FILE* out) {
+void evaluate_change(JackState& s, bool detection, HeadsetTypeQuery query, JackLine& out) {
     if (!s.change_pending) return;
     s.change_pending = false;
-    if (detection) std::fprintf(out, "JACK = %s\n", kHeadsetNames[static_cast<std::size_t>(headset_type(s, query))]);
+    if (detection)
+        std::snprintf(out.data(), out.size(), "JACK = %s\n",
+                      kHeadsetNames[static_cast<std::size_t>(headset_type(s, query))]);
     if (s.last_insertion == 0) {
         s.microphone = 0;
         s.headphone = 0;
@@ -48,7 +51,8 @@ void evaluate_change(JackState& s, bool detection, HeadsetTypeQuery query, std::
 }  // namespace
 
 void interpret_jack_record(JackState& s, const Record& r, bool detection, bool buttons, HeadsetTypeQuery query,
-                           std::FILE* out) {
+                           JackLine& out) {
+    out[0] = '\0';
     switch (r.code) {
     case kSyncReport:
         evaluate_change(s, detection, query, out);
@@ -70,11 +74,11 @@ void interpret_jack_record(JackState& s, const Record& r, bool detection, bool b
     }
     for (const Button& b : kButtons) {
         if (b.code == r.code) {
-            if (buttons) std::fprintf(out, "jackKeyCode[%c] value[%d]\n", b.name, r.value);
+            if (buttons) std::snprintf(out.data(), out.size(), "jackKeyCode[%c] value[%d]\n", b.name, r.value);
             return;
         }
     }
-    std::fprintf(out, "Unknown jack event: keyCode[%04x] value[%d]\n", r.code, r.value);
+    std::snprintf(out.data(), out.size(), "Unknown jack event: keyCode[%04x] value[%d]\n", r.code, r.value);
 }
 
 }  // namespace ft::input

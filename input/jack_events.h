@@ -2,7 +2,7 @@
 // What the headset jack's records mean: plug insertions and removals, told
 // apart by the switch records that precede each synchronisation record, and
 // the four headset buttons.
-#include <cstdio>
+#include <array>
 
 #include "input/event_monitor.h"
 
@@ -19,9 +19,13 @@ struct JackState {
 // The hardware library's headset-type query (Jack_GetHeadsetType).
 using HeadsetTypeQuery = int (*)(int* type_out);
 
+// The one line a record may print, with its line feed (the longest, an
+// unknown code with the most negative value, takes 53 characters).
+using JackLine = std::array<char, 64>;
+
 // Acts on one record of type sync, key or switch while either reporting flag
-// is on; prints to @p out what the flags ask for.
+// is on; puts into @p out the line the flags ask for, or the empty text.
 void interpret_jack_record(JackState& state, const Record& record, bool detection, bool buttons,
-                           HeadsetTypeQuery query, std::FILE* out);
+                           HeadsetTypeQuery query, JackLine& out);
 
 }  // namespace ft::input

@@ -2,8 +2,8 @@
 #include <atomic>
 #include <csignal>
 #include <cstdint>
-#include <cstdio>
 
+#include "common/console.h"
 #include "input/event_monitor.h"
 #include "input/monitors.h"
 #include "platform/velor.h"
@@ -22,8 +22,9 @@ bool key_records_only(std::uint16_t type) { return type == ft::input::kTypeKey; 
 
 void report_key(const Record& r) {
     if (!g_reporting.load()) return;
-    if (firstReport.exchange(false)) std::putchar('\n');
-    std::printf("KeyCode[%04x] value[%d]\n", r.code, r.value);
+    // The first report's line feed goes out with it, in one piece.
+    const char* feed = firstReport.exchange(false) ? "\n" : "";
+    ft::async_printf("%sKeyCode[%04x] value[%d]\n", feed, r.code, r.value);
 }
 
 constexpr ft::input::MonitorTexts kTexts{
@@ -42,6 +43,8 @@ constexpr ft::input::MonitorTexts kTexts{
 
 ft::input::Monitor g_keypad{kTexts, SIGUSR1, signalHandler, g_stop, key_records_only, report_key};
 
+int keyTrackThread() { return ft::input::monitor_run(g_keypad); }
+
 void* keypad_thread(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(keyTrackThread())); }
 
 }  // namespace
@@ -50,8 +53,6 @@ int keyTestInit() {
     const char* name = is_corvane_entry() ? "soc:gpio-matrix-keypad" : "soc:gpio_keys";
     return ft::input::monitor_start(g_keypad, name, keypad_thread);
 }
-
-int keyTrackThread() { return ft::input::monitor_run(g_keypad); }
 
 int keyTest(const char* mode) { return ft::input::monitor_switch(g_keypad, mode, g_reporting, firstReport, "keypad"); }
 

@@ -30,9 +30,11 @@ EHS event: [OFF HOOK]
 Stop hookswitch test
 ft>hookswitch 1
 Start hookswitch test
-# No second line feed: this event lands on the prompt's line.
+# No second first-report line feed; the event still ends the prompt's line
+# before its own.
 $ ftsim hook off
-~ ft>HOOKSWITCH event: \[OFF HOOK\]
+ft>
+HOOKSWITCH event: [OFF HOOK]
 $ ftsim fail CradleHookswitch_GetState 5 EIO
 > hookswitch 2
 FAIL

@@ -41,12 +41,18 @@ ft>
 jackKeyCode[A] value[1]
 $ ftsim jack button C 1
 jackKeyCode[C] value[1]
-> jackdet 0
+> key 1
+Start keypad test
+ft>jackdet 0
 Stop jackdet test
-# The removal prints nothing now, yet it brings the line feed.
-$ ftsim jack remove
-$ ftsim jack button D 0
+$ ftsim key 2 1
 ft>
+KeyCode[0002] value[1]
+# The removal prints nothing now, yet it brings the line feed: on a line the
+# keypad has already ended, a blank line.
+$ ftsim jack remove
+
+$ ftsim jack button D 0
 jackKeyCode[D] value[0]
 > q
 @ exit 0

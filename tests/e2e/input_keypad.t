@@ -21,5 +21,17 @@ Start keypad test
 $ ftsim key 28 1
 ft>
 KeyCode[001c] value[1]
+# A first report whose line another monitor has already ended keeps its own
+# line feed: a blank line.
+> key 1
+Start keypad test
+ft>hookswitch 1
+Start hookswitch test
+$ ftsim hook off
+ft>
+HOOKSWITCH event: [OFF HOOK]
+$ ftsim key 28 0
+
+KeyCode[001c] value[0]
 > quit
 @ exit 0
