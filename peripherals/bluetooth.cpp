@@ -19,6 +19,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include "common/console.h"
 #include "common/run.h"
 #include "common/unique_handle.h"
 #include "peripherals/bt_os_callouts.h"
@@ -133,20 +134,20 @@ const bt_property_t* find_property(int count, const bt_property_t* properties, b
 
 void adapter_state_changed(bt_state_t state) {
     const bool on = state == BT_STATE_ON;
-    std::printf("BT state changed: %s\n", on ? "ON" : "OFF");
+    ft::async_printf("BT state changed: %s\n", on ? "ON" : "OFF");
     g_adapter_on.store(on);
 }
 
 void discovery_state_changed(bt_discovery_state_t state) {
     const bool started = state == BT_DISCOVERY_STARTED;
-    std::printf("BT discovery %s\n", started ? "STARTED" : "STOPPED");
+    ft::async_printf("BT discovery %s\n", started ? "STARTED" : "STOPPED");
     g_discovering.store(started);
 }
 
 void adapter_properties_cb(bt_status_t status, int count, bt_property_t* properties) {
     char* const buffer = g_address_buffer.load();
     if (buffer == nullptr) {
-        std::puts("BT adapter_properties_callback: bt_addr_buf == NULL!");
+        ft::async_print("BT adapter_properties_callback: bt_addr_buf == NULL!\n");
         g_address_status.store(kAddressFailed);
         return;
     }
@@ -244,8 +245,8 @@ const char* type_name(uint32_t type) {
 }
 
 void print_entry(const ScanEntry& entry) {
-    if (g_scan_count == 1) std::printf("%-20s %-17s %-8s %-5s %s\n", "Name", "Address", "Class", "Type", "RSSI");
-    // One write for the whole line: the monitors' threads print too.
+    if (g_scan_count == 1) ft::async_printf("%-20s %-17s %-8s %-5s %s\n", "Name", "Address", "Class", "Type", "RSSI");
+    // One report for the whole line: the monitors' threads print too.
     Line line;
     line.add("%-20s ", entry.name[0] != '\0' ? entry.name.data() : "Unknown");
     for (std::size_t i = 0; i < entry.address.size(); ++i)
@@ -254,7 +255,7 @@ void print_entry(const ScanEntry& entry) {
     if (entry.device_type != 0) line.add("%-5s ", type_name(entry.device_type));
     if (entry.rssi != 0) line.add("%d", entry.rssi);
     line.add("\n");
-    std::fputs(line.text.data(), stdout);
+    ft::async_print(line.text.data());
 }
 
 void device_found(int count, bt_property_t* properties) {
