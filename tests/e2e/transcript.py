@@ -170,6 +170,13 @@ def run_host(ftsim, state, line, expect_ok, expected_lines, where):
             raise Failure(f"{where}: '{line}' printed\n" + show_difference(want.encode(), got.encode()))
 
 
+def next_line(lines, i):
+    """The next line at or after i that is not a comment ("" at the end)."""
+    while i < len(lines) and lines[i].startswith("#"):
+        i += 1
+    return lines[i] if i < len(lines) else ""
+
+
 def play(path, ftsim):
     with open(path, "rb") as f:
         lines = f.read().decode().split("\n")
@@ -179,6 +186,7 @@ def play(path, ftsim):
     try:
         run_host(ftsim, state, "ftsim reset", True, None, f"{path}:start")
         session = None
+        prompt_shown = False
         i = 0
         while i < len(lines):
             line = lines[i]
@@ -192,6 +200,12 @@ def play(path, ftsim):
                     expected.append(lines[i][2:] if lines[i].startswith("| ") else lines[i][1:])
                     i += 1
                 if session:
+                    # A host step whose next line is a prompt acts once that
+                    # prompt is shown: an event it causes must find the shell
+                    # waiting, as an operator's would.
+                    if next_line(lines, i).startswith("ft>"):
+                        session.expect(b"ft>")
+                        prompt_shown = True
                     session.sync(where)
                 run_host(ftsim, state, line.split(" ", 1)[1], line.startswith("$ "),
                          expected if expected else None, where)
@@ -219,7 +233,9 @@ def play(path, ftsim):
                 session.expect(typed)
             elif line.startswith("ft>"):
                 typed = line[3:]
-                session.expect(b"ft>")
+                if not prompt_shown:
+                    session.expect(b"ft>")
+                prompt_shown = False
                 if typed == "^D":
                     session.end_input(where)
                 elif typed == "":
