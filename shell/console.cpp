@@ -80,6 +80,9 @@ Input PlainLines::next(LineBuffer& line) noexcept {
             break;
         }
     }
+    // A station that ends its lines with CR LF means the same lines as one
+    // that sends LF alone.
+    if (!too_long && size > 0 && line[size - 1] == '\r') --size;
     // One piece: a background report must not land between a line and its feed.
     flockfile(echo_);
     if (!too_long) fwrite_unlocked(line.data(), 1, size, echo_);

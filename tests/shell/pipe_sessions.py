@@ -41,12 +41,19 @@ class ControlBytes(unittest.TestCase):
             # An arrow key's sequence, a tab, a carriage return: characters.
             (b"\x1b[A", not_valid),
             (b"ft\tinfo", not_valid),
-            (b"production\r", not_valid),
+            (b"produc\rtion", not_valid),
             (b"\x1b\x7fproduction", not_valid),
         )
         with ph.Phone(FTSIM) as p:
             out, err, status = p.session(data)
         self.assertEqual(out, expected)
+        self.assertEqual((err, status), (b"", 0))
+
+    def test_lines_ended_by_cr_lf_are_the_same_lines(self):
+        with ph.Phone(FTSIM) as p:
+            out, err, status = p.session(b"production\r\nproduction 0\r\n\r\nproduction")
+        self.assertEqual(out, ph.BANNER + b"ft>production\nFactory Mode\nft>production 0\nFactory Mode\n"
+                              b"ft>\nft>production\nFactory Mode\nft>")
         self.assertEqual((err, status), (b"", 0))
 
     def test_control_bytes_inside_words_reach_the_handlers(self):
