@@ -12,7 +12,7 @@ constexpr int kAnalogue = 118;  // output stage and bypass steps
 constexpr int kCapture = 119;   // capture PGA steps
 
 // In the order the codec lists them.
-const std::vector<Control> kControls{
+constexpr std::array<Control, 62> kControls{{
     {"PCM Playback Volume", 2, kDigital},
     {"Line DAC Playback Volume", 2, kAnalogue},
     {"Line Line2 Bypass Volume", 2, kAnalogue},
@@ -75,7 +75,7 @@ const std::vector<Control> kControls{
     {"Right HP Mixer Line2R Bypass Switch", 1, kSwitch},
     {"Right HP Mixer DACR1 Switch", 1, kSwitch},
     {"Right HP Mixer PGAR Bypass Switch", 1, kSwitch},
-};
+}};
 
 // What the codec's digital interface takes.
 constexpr std::array<SampleFormat, 3> kFormats{{
@@ -88,7 +88,7 @@ bool digit(char c) { return c >= '0' && c <= '9'; }
 
 }  // namespace
 
-const std::vector<Control>& controls() { return kControls; }
+std::span<const Control> controls() { return kControls; }
 
 const Control* find_control(std::string_view name) {
     for (const Control& c : kControls)

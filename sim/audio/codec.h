@@ -9,6 +9,7 @@
 // must show up as a missing control, as on the phone.
 #include <array>
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,7 +22,7 @@ struct Control {
     int max;          // values run from 0 to max
 };
 
-const std::vector<Control>& controls();
+std::span<const Control> controls();
 const Control* find_control(std::string_view name);
 
 // Relative to the hardware folder.

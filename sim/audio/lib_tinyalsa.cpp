@@ -60,8 +60,9 @@ constexpr unsigned kPlaybackDevice = 5;
 constexpr std::array<unsigned, 9> kRates{8000, 11025, 16000, 22050, 32000, 44100, 48000, 88200, 96000};
 constexpr std::int64_t kNanos = 1000000000;
 
-// Handed out when not even a failed handle can be allocated.
-pcm g_unallocated;
+// Handed out when not even a failed handle can be allocated; made at load
+// time and never destroyed, like the handles a thread may still hold at exit.
+pcm* const g_unallocated = new pcm;
 
 std::string errno_text(const std::string& what) { return what + ": " + std::strerror(errno); }
 
@@ -74,7 +75,7 @@ std::string node_name(unsigned card, unsigned device, unsigned flags) {
 // A handle that is not ready, with the reason as the phone's library words it.
 pcm* failed(std::string error) {
     pcm* p = new (std::nothrow) pcm;
-    if (p == nullptr) return &g_unallocated;
+    if (p == nullptr) return g_unallocated;
     p->error = std::move(error);
     return p;
 }
@@ -174,10 +175,10 @@ extern "C" pcm* pcm_open(unsigned int card, unsigned int device, unsigned int fl
 
 extern "C" int pcm_close(pcm* p) {
     FTSIM_FAILURE_POINT();
-    if (p == nullptr || p == &g_unallocated) return 0;
-    // Marked closed while the device is still held, so that whoever waits for
-    // "closed" and opens it next never meets it busy... nor marks it closed
-    // after that next player opened it.
+    if (p == nullptr || p == g_unallocated) return 0;
+    // Marked closed while the device is still held: marked after letting go,
+    // it could be marked closed after the next player had opened it. Whoever
+    // waits to open it next also waits for the lock (ftsim audio --wait).
     if (p->ready) ftsim::set_observed("pcm.5", "closed");
     delete p;
     return 0;
@@ -208,7 +209,7 @@ extern "C" int pcm_write(pcm* p, const void* data, unsigned int count) {
     FTSIM_FAILURE_POINT();
     if (p == nullptr || !p->ready) {
         errno = EBADF;
-        if (p != nullptr && p != &g_unallocated) p->error = errno_text("cannot write stream data");
+        if (p != nullptr && p != g_unallocated) p->error = errno_text("cannot write stream data");
         return -1;
     }
     const unsigned frame_bytes = p->channels * p->format->bytes;

@@ -442,6 +442,16 @@ class Tone(unittest.TestCase):
                 self.assertEqual(sh.out.count(b"play_"), 1 if line else 0)
                 self.phone.ftsim("audio", "x.wav", ok=False)
 
+    def test_the_phone_cannot_name_a_host_file(self):
+        # The condition is the phone's to write too; only 'ftsim set' copies.
+        canary = os.path.join(self.phone.dir, "canary.wav")
+        with open(canary, "w") as f:
+            f.write("host-secret-2b9c\n")
+        self.phone.ftsim("exec", "--", "sh", "-c", f"echo {canary} > /sim/conditions/audio.dialtone")
+        out = self.phone.ftsim("exec", "--", "sh", "-c", f"cat {TONE_FILE}; ls /system/media/audio/ui", ok=None)
+        self.assertNotIn("host-secret", out)
+        self.assertEqual(out, "")
+
     def test_thread_not_created(self):
         # A stack limit no thread's stack can be mapped for: only the main
         # thread's stack grows on demand. The sanitizers' runtimes map stacks
