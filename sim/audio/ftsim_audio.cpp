@@ -161,7 +161,7 @@ int set_mixer(std::vector<codec::ControlState>& states, const Args& args) {
 }
 
 int verb_mixer(const Phone&, const Args& args) {
-    if (args.size() > 3) return fail("usage: ftsim mixer [NAME [VALUES...] | --on]");
+    if (args.size() > 3) return fail("usage: ftsim mixer [NAME [VALUES] | --on]");
     std::vector<codec::ControlState> states;
     if (!read_mixer(states)) return 1;
     if (args.size() >= 2) return set_mixer(states, args);
@@ -392,9 +392,9 @@ const ModuleRegistrar kAudio{Module{
         {"audio", "audio FILE.wav             what PCM device 5 played since it was last opened, as a WAV file\n"
                   "  ftsim audio --wait open|closed   until PCM device 5 is open, or closed (a tone thread's start or end)",
          verb_audio},
-        {"mixer", "mixer [NAME [VALUES...] | --on]   the codec's mixer controls and their values (NAME: that\n"
-                  "                                   control's values, or sets them; --on: the switches that are on,\n"
-                  "                                   which make the routes)",
+        {"mixer", "mixer [NAME [VALUES]|--on] the codec's mixer controls and their values; NAME: that\n"
+                  "                                   control's values, or sets them; --on: the switches that are\n"
+                  "                                   on, which make the routes",
          verb_mixer},
     },
     audio_power_up,
