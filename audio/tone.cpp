@@ -1,7 +1,8 @@
 // The dial tone, played in an endless loop on a detached thread until a stop.
 // The thread owns the file, the PCM handle and the buffer and releases all
 // three on every way out; the only thing it shares with the shell is the stop
-// flag. The mixer is touched by the shell's thread alone.
+// flag. The mixer is touched by the shell's thread alone. The thread reports
+// through the console, so that its lines start lines of their own.
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -15,6 +16,7 @@
 
 #include "audio/audio.h"
 #include "audio/mixer_paths.h"
+#include "common/console.h"
 #include "common/unique_handle.h"
 #include "common/words.h"
 
@@ -121,8 +123,8 @@ void play_sample(std::FILE* file, const WaveFormat& format) {
     config.format = format.bits == 32 ? PCM_FORMAT_S32_LE : PCM_FORMAT_S16_LE;
     UniquePcm pcm(pcm_open(kCard, kToneDevice, PCM_OUT, &config));
     if (!pcm.valid() || !pcm_is_ready(pcm.get())) {
-        std::printf("play_sample : Unable to open PCM device %u (%s)\n", kToneDevice,
-                    pcm.valid() ? pcm_get_error(pcm.get()) : "no handle");
+        ft::async_printf("play_sample : Unable to open PCM device %u (%s)\n", kToneDevice,
+                         pcm.valid() ? pcm_get_error(pcm.get()) : "no handle");
         return;
     }
     const unsigned frames = pcm_get_buffer_size(pcm.get());
@@ -130,7 +132,7 @@ void play_sample(std::FILE* file, const WaveFormat& format) {
     // An empty buffer would read nothing forever.
     std::unique_ptr<unsigned char[]> buffer(size > 0 ? new (std::nothrow) unsigned char[size] : nullptr);
     if (!buffer) {
-        std::printf("play_sample : Unable to allocate %d bytes\n", static_cast<int>(size));
+        ft::async_printf("play_sample : Unable to allocate %d bytes\n", static_cast<int>(size));
         return;
     }
     if (tone_stop.load()) return;
@@ -138,7 +140,7 @@ void play_sample(std::FILE* file, const WaveFormat& format) {
         const std::size_t got = std::fread(buffer.get(), 1, size, file);
         if (got > 0) {
             if (pcm_write(pcm.get(), buffer.get(), static_cast<unsigned>(got)) != 0) {
-                std::puts("Error playing tone");
+                ft::async_print("Error playing tone\n");
                 wait_one_buffer(frames, format.rate);
             } else if (!tone_stop.load()) {
                 continue;
@@ -155,7 +157,7 @@ void* play_thread(void*) {
     pthread_setname_np(pthread_self(), "tone");
     ft::UniqueFile file(std::fopen(kToneFile, "rb"));
     if (!file.valid()) {
-        std::printf("play_thread : Unable to open file '%s'\n", kToneFile);
+        ft::async_printf("play_thread : Unable to open file '%s'\n", kToneFile);
         return nullptr;
     }
     WaveFormat format;
