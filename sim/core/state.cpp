@@ -300,8 +300,11 @@ bool append_line(std::string_view relative, std::string_view line) { return hw()
 
 namespace {
 std::vector<Setting>& registry() {
-    static std::vector<Setting> rows;
-    return rows;
+    // Never destroyed: a library's thread may still look a setting up while
+    // exit() runs the static destructors (a detached tone thread, a monitor
+    // that is not joined at quit).
+    static auto* rows = new std::vector<Setting>;
+    return *rows;
 }
 
 bool is_number(std::string_view v) {

@@ -75,6 +75,13 @@ using PowerUpStep = bool (*)(const Phone&, PowerUp& up, std::string& error);
 using ShowStep = void (*)(const Phone&, std::string& out);
 // Extra work of `ftsim reset` after the state folder was made anew.
 using ResetStep = bool (*)(const Phone&, std::string& error);
+// Work of `ftsim set NAME VALUE` before the condition is stored, for a
+// condition whose value names a file on the host that the phone gets a copy
+// of: the copy is taken now, from the operator's own command line, never at
+// power-up from a value the phone could have rewritten since. Each module
+// sees every setting and ignores the names that are not its own; false
+// refuses the setting with a message.
+using SetStep = bool (*)(const Phone&, const std::string& name, const std::string& value, std::string& error);
 
 struct Module {
     const char* name;
@@ -82,6 +89,7 @@ struct Module {
     PowerUpStep power_up = nullptr;
     ShowStep show = nullptr;
     ResetStep reset = nullptr;
+    SetStep set = nullptr;
 };
 
 // A module or verb name registered twice ends ftsim at once.

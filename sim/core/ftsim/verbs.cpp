@@ -101,6 +101,9 @@ int verb_set(const Phone& p, const Args& args) {
     if (!value_allowed(*s, args[1]))
         return fail("'" + args[1] + "' is not a value of " + args[0] + " (" + s->allowed + ")");
     if (int rc = ensure_phone(p)) return rc;
+    std::string error;
+    for (const Module& m : modules())
+        if (m.set && !m.set(p, args[0], args[1], error)) return fail(error, 1);
     if (!set_condition(args[0], args[1]))
         return fail(explain("cannot write " + p.hw() + "/" + setting_file(*s)), 1);
     return 0;

@@ -28,8 +28,11 @@ struct PathEntry {
 };
 
 std::vector<PathEntry>& paths() {
-    static std::vector<PathEntry> list;
-    return list;
+    // Never destroyed: a thread of the phone's program may still make a call
+    // through here while exit() runs the static destructors (a detached tone
+    // thread, a monitor that is not joined at quit).
+    static auto* list = new std::vector<PathEntry>;
+    return *list;
 }
 
 struct FlagsEntry {
@@ -38,8 +41,8 @@ struct FlagsEntry {
 };
 
 std::vector<FlagsEntry>& flag_rules() {
-    static std::vector<FlagsEntry> list;
-    return list;
+    static auto* list = new std::vector<FlagsEntry>;
+    return *list;
 }
 
 // "/x/" serves "/x" itself and all below it; "/x" serves paths that begin so.

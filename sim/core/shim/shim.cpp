@@ -40,8 +40,11 @@ struct IoctlEntry {
 constexpr unsigned long kSizeBits = static_cast<unsigned long>(_IOC_SIZEMASK) << _IOC_SIZESHIFT;
 
 std::vector<IoctlEntry>& ioctls() {
-    static std::vector<IoctlEntry> list;
-    return list;
+    // Never destroyed: a thread of the phone's program may still make a call
+    // through here while exit() runs the static destructors (a detached tone
+    // thread, a monitor that is not joined at quit).
+    static auto* list = new std::vector<IoctlEntry>;
+    return *list;
 }
 
 struct MountEntry {
@@ -50,8 +53,8 @@ struct MountEntry {
     UmountHandler umount;
 };
 std::vector<MountEntry>& mounts() {
-    static std::vector<MountEntry> list;
-    return list;
+    static auto* list = new std::vector<MountEntry>;
+    return *list;
 }
 
 struct ModuleEntry {
@@ -59,8 +62,8 @@ struct ModuleEntry {
     ModuleHook hook;
 };
 std::vector<ModuleEntry>& module_hooks() {
-    static std::vector<ModuleEntry> list;
-    return list;
+    static auto* list = new std::vector<ModuleEntry>;
+    return *list;
 }
 
 // Every command line a phone process hands to the system shell, exactly as

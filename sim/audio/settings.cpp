@@ -1,0 +1,20 @@
+// Conditions and observed state of the audio codec, its amplifier and the
+// dial tone file.
+#include "sim/core/state.h"
+
+namespace {
+const ftsim::SettingsRegistrar kAudio{
+    {"codec", ftsim::Kind::Condition, "present", "present|absent",
+     "the audio codec: sound card 0 with its mixer and PCM device 5", nullptr},
+    {"codec.missing", ftsim::Kind::Condition, "", "<text>",
+     "mixer controls this codec lacks, their names joined by ';'", nullptr},
+    {"audio.dialtone", ftsim::Kind::Condition, "default", "<text>",
+     "/system/media/audio/ui/dialtone.wav: default, none, or a file on the host (copied when set)", nullptr},
+    {"pcm.5", ftsim::Kind::Observed, "closed", "<text>",
+     "PCM device 5: closed, or its format while open (S16_LE 1ch 8000Hz)", nullptr},
+    {"amp.enable", ftsim::Kind::Observed, "0", "<text>", "the handset amplifier's enable file",
+     "sys/class/audio_ports_ctl/wired_handset/amp_enable"},
+    {"amp.gain", ftsim::Kind::Observed, "0", "<text>", "the handset amplifier's +20 dB gain file",
+     "sys/class/audio_ports_ctl/wired_handset/amp_gain"},
+};
+}  // namespace
