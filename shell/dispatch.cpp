@@ -28,29 +28,9 @@ int say(const char* line) {
 
 constexpr const char* kNotValid = "Not a valid command";
 
-// While the rows are probed for handlers this build does not link, the
-// words of the row being probed and the list of those found missing.
-struct Probe {
-    std::string words;
-    std::vector<std::string> missing;
-};
-Probe* g_probe = nullptr;
-
-// Whether the handler can be called. A handler that this build does not link
-// answers as an unknown command; a probe only notes it and runs nothing.
-template <typename F>
-bool available(F* handler) {
-    if (g_probe) {
-        if (handler == nullptr) g_probe->missing.push_back(g_probe->words);
-        return false;
-    }
-    if (handler == nullptr) say(kNotValid);
-    return handler != nullptr;
-}
-
+// Calls a handler; a void one counts as 0 (the shell ignores results anyway).
 template <typename R, typename... P, typename... A>
 int call(R (*handler)(P...), A... args) {
-    if (!available(handler)) return -1;
     if constexpr (std::is_void_v<R>) {
         handler(args...);
         return 0;
@@ -110,7 +90,6 @@ constexpr Row kWifiRf[] = {
 
 // The shell prints the verdict of these Bluetooth calls itself.
 int bt_verdict_on_failure(int (*handler)()) {
-    if (!available(handler)) return -1;
     const int rc = handler();
     if (rc != 0) std::puts("FAIL");
     return rc;
@@ -121,7 +100,6 @@ constexpr Row kBt[] = {
     {"off", [](const CommandLine&) { return bt_verdict_on_failure(btDisable); }},
     {"mac_get",
      [](const CommandLine&) {
-         if (!available(btGetMacAddr)) return -1;
          std::array<char, 20> address{};
          const int rc = btGetMacAddr(address.data());
          address.back() = '\0';
@@ -134,7 +112,6 @@ constexpr Row kBt[] = {
     {"scan", [](const CommandLine&) { return call(btScan); }},
     {"init",
      [](const CommandLine&) {
-         if (!available(btTestInit)) return -1;
          const int rc = btTestInit();
          std::puts(rc == 0 ? "PASS" : "FAIL");
          return rc;
@@ -311,7 +288,7 @@ constexpr Row kCommands[] = {
     {"velor",
      [](const CommandLine& c) {
          // Only "velor regulatory" exists; anything else is no command at all.
-         if (!g_probe && !word_is(c.word(1), "regulatory")) return say(kNotValid);
+         if (!word_is(c.word(1), "regulatory")) return say(kNotValid);
          return call(velor_regulatory, c.word(2), c.word(3), c.word(4), c.word(5));
      }},
     {"usblist", [](const CommandLine&) { return call(usblist); }},
@@ -323,39 +300,7 @@ constexpr Row kCommands[] = {
     {"regenfipscert", [](const CommandLine&) { return call(regen_fips_signed_cert); }},
 };
 
-// Rows that pick a row of another table, or run no handler at all.
-constexpr std::string_view kGroupWords[] = {"program", "lcd", "wifi", "wifi_rf", "bt", "mfg"};
-
-void probe_table(std::span<const Row> table, std::string_view group, Probe& probe) {
-    const CommandLine nothing;
-    for (const Row& r : table) {
-        bool is_group = false;
-        for (std::string_view g : kGroupWords) is_group |= group.empty() && r.word == g;
-        if (is_group) continue;
-        probe.words = std::string(group.empty() ? "" : std::string(group) + " ") + std::string(r.word);
-        r.run(nothing);
-    }
-}
-
 }  // namespace
-
-std::vector<std::string> unlinked_commands() {
-    Probe probe;
-    g_probe = &probe;
-    probe_table(kCommands, "", probe);
-    probe_table(kProgram, "program", probe);
-    probe_table(kLcd, "lcd", probe);
-    probe_table(kWifi, "wifi", probe);
-    probe_table(kWifiRf, "wifi_rf", probe);
-    probe_table(kBt, "bt", probe);
-    const CommandLine nothing;
-    for (const SwitchRow& r : kSwitch) {
-        probe.words = std::string(r.word);
-        r.run(nothing);
-    }
-    g_probe = nullptr;
-    return probe.missing;
-}
 
 Next dispatch(const CommandLine& cl) {
     const std::string_view w0 = cl.word(0);

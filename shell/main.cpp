@@ -9,32 +9,27 @@
 
 namespace {
 
-template <typename R, typename... A>
-void call_if_linked(R (*f)(A...), A... args) {
-    if (f != nullptr) f(args...);
-}
-
 // Results are ignored: a missing device must never keep the shell from its prompt.
 void start_up() {
     disable_watchdog();
-    call_if_linked(keyTestInit);
-    call_if_linked(jackTestInit);
-    call_if_linked(hookswitchTestInit);
-    call_if_linked(ehsTestInit);
-    call_if_linked(initialize_lcd);
-    call_if_linked(initialize_audio);
-    call_if_linked(cameraInit);
+    keyTestInit();
+    jackTestInit();
+    hookswitchTestInit();
+    ehsTestInit();
+    initialize_lcd();
+    initialize_audio();
+    cameraInit();
     std::putchar('\n');
 }
 
 void tear_down() {
-    call_if_linked(ehsTestDestroy);
-    call_if_linked(hookswitchTestDestroy);
-    call_if_linked(jackTestDestroy);
-    call_if_linked(keyTestDestroy);
-    call_if_linked(btTestDestroy);
-    call_if_linked(cameraExit);
-    call_if_linked(wifi_exit, 0);
+    ehsTestDestroy();
+    hookswitchTestDestroy();
+    jackTestDestroy();
+    keyTestDestroy();
+    btTestDestroy();
+    cameraExit();
+    wifi_exit(0);
 }
 
 }  // namespace
