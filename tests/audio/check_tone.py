@@ -248,7 +248,7 @@ class Tone(unittest.TestCase):
         differs = next((i for i in range(len(data)) if data[i] != model[i]), None)
         if differs is not None:
             resumed = data.rfind(tone[:44], 0, differs + 44)
-            self.assertGreater(resumed, 0)
+            self.assertGreaterEqual(resumed, 0)
             self.assertEqual(data[resumed:], played(tone, 2, len(data) - resumed, start=0))
 
     def test_thread_not_created(self):

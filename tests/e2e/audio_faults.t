@@ -1,6 +1,6 @@
-# A codec that cannot be opened (as one that is absent): start-up says so and
-# the shell goes on. A codec that lacks a control: each operation stops at the
-# first control it cannot find, names it, and leaves what it set.
+# A codec that cannot be opened, like an absent one (whose mixer power-up takes away): start-up says so
+# and the shell goes on. A codec that lacks a control: each operation stops at the first control it
+# cannot find, names it, and leaves what it set.
 $ ftsim fail mixer_open 0 ENODEV
 $ ftsim exec -- sh -c 'echo q | /system/bin/ft'
 | Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
@@ -10,7 +10,6 @@ $ ftsim exec -- sh -c 'echo q | /system/bin/ft'
 $ ftsim get amp.enable
 | 0
 $ ftsim unfail all
-# Power-up takes an absent codec's mixer away.
 $ ftsim set codec absent
 $ ftsim exec -- true
 $! ftsim mixer

@@ -17,6 +17,7 @@ $ ftsim mixer --on
 | Right PGA Mixer Line2R Switch: 1
 | Left Line Mixer PGAR Bypass Switch: 1
 ft>loop 1 3 0
+ft><enter>
 $ ftsim mixer --on
 | Line Playback Switch: 0 1
 | PGA Capture Switch: 0 1
