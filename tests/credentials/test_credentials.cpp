@@ -35,26 +35,10 @@ extern "C" int system(const char* command) {
     return -1;
 }
 
-// A MAC field without its terminator is not programmed; gencert refuses any
-// mode that does not start with 0.
-TEST(Credentials, WhatTheStoreGivesIsNotTakenOnTrust) {
-    g_field = nullptr;
-    std::array<char, ft::cred::kMacTextSize> mac{};
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(get_mac_address(mac.data(), static_cast<int>(mac.size())), -1);
-    EXPECT_NE(testing::internal::GetCapturedStdout().find("():69 MAC is not programmed\n"), std::string::npos);
-    for (const char* mode : {"", "x"}) {
-        g_field = mode;
-        testing::internal::CaptureStdout();
-        EXPECT_EQ(gen_self_signed_cert(), -1) << "mode '" << mode << "'";
-        EXPECT_EQ(testing::internal::GetCapturedStdout(),
-                  "*ERROR* misc:gen_self_signed_cert():97 gencert can only be executed in factory mode\n");
-    }
-}
-
 // Every field by its name, in the store's order; a read that fails shows as
-// FAIL, and a value filling the whole buffer as its first 31 characters.
-TEST(FactoryData, ListAndReadShowWhatTheStoreGives) {
+// FAIL, a value filling the whole buffer as its first 31 characters, and a MAC
+// without its terminator as not programmed; gencert refuses any mode but 0.
+TEST(FactoryData, WhatTheStoreGivesIsNotTakenOnTrust) {
     std::istringstream names(
         "OPERATIONAL_MODE ETHERADD BLUETOOTHADD WIFIADD SN_UNIT SN_PWB CC_UNIT CC_PWB MODEL_NUM GEN_VER HW_VER "
         "ID_LCD_GLASS ID_LCD_CONTROLLER ID_TOUCH_CONTROLLER RF_COMBO_MODULE CAMERA_MODULE NM_HF_M1 NM_HAND_M "
@@ -68,8 +52,6 @@ TEST(FactoryData, ListAndReadShowWhatTheStoreGives) {
         std::snprintf(line.data(), line.size(), "%2d: %s = \"%s\"\n", i, name.c_str(), i == 33 ? "FAIL" : a31.c_str());
         expected += line.data();
     }
-    g_field = nullptr;
-    g_fill = 'A';
     g_failing = 33;
     for (const char* target : {"all", "ict"}) {
         testing::internal::CaptureStdout();
@@ -77,10 +59,23 @@ TEST(FactoryData, ListAndReadShowWhatTheStoreGives) {
         EXPECT_EQ(testing::internal::GetCapturedStdout(), expected) << target;
     }
     g_failing = -1;
+    std::array<char, ft::cred::kMacTextSize> mac{};
     testing::internal::CaptureStdout();
     EXPECT_EQ(config_program_read("SN_UNIT"), 0);
+    EXPECT_EQ(get_mac_address(mac.data(), static_cast<int>(mac.size())), -1);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "SN_UNIT = \"" + a31 + "\"\n*ERROR* fact_device_key:get_mac_address():69 MAC is not programmed\n"
+              "*ERROR* fact_device_key:get_mac_address():70 Please program MAC before generating certificate\n");
     // The mode is read as a number; digits up to the buffer's end mean production.
     g_fill = '1';
+    testing::internal::CaptureStdout();
     config_production("0");
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "SN_UNIT = \"" + a31 + "\"\nProduction Mode\n");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Production Mode\n");
+    for (const char* mode : {"", "x"}) {
+        g_field = mode;
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(gen_self_signed_cert(), -1) << "mode '" << mode << "'";
+        EXPECT_EQ(testing::internal::GetCapturedStdout(),
+                  "*ERROR* misc:gen_self_signed_cert():97 gencert can only be executed in factory mode\n");
+    }
 }

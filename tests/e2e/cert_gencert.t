@@ -1,6 +1,5 @@
-# gencert refuses outside factory mode and without a MAC; then it leaves the
-# seed and the bundle and no loose file. regenfipscert needs both and works in
-# production mode. A failure after the bundle was made takes both back.
+# gencert's refusals, the seed and bundle it leaves and nothing else, regenfipscert
+# in production mode; a failure after the bundle was made takes both back.
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 

@@ -1,5 +1,4 @@
-# Factory data: a fresh phone, values as typed and as quoted, read back after a
-# power cycle; the store refusing (nothing stored is lost); production mode.
+# Factory data: values as typed and quoted, read back after a power cycle; the store refusing.
 $! ftsim fail nosuch_operation -1 EIO
 | ftsim: no library operation named 'nosuch_operation'; 'ftsim fail --points' lists them
 $! ftsim fail eeprom_read x
@@ -9,15 +8,6 @@ $! ftsim fail eeprom_read -1 ENOTANERRNO
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
-ft>info
-~ Factory Test [A-Z][a-z]{2} [ 0-9]\d \d{4} \d\d:\d\d:\d\d
-Model = "<NOT Initialized>"
-LCD = "<NOT Initialized>"
-HW Version = "<NOT Initialized>"
-Gen Version = "<NOT Initialized>"
-MAC = "<NOT Initialized>"
-Operational Mode = "0"
-ConfigData Des Support = "<NOT Initialized>"
 ft>program write SN_UNIT "AB  12"
 PASS
 ft>program writecommit HW_VER 1.0
@@ -42,6 +32,15 @@ ft>program write EEA_PRODUCT 01234567890123456789012345678901
 FAIL
 ft>program write EEA_PRODUCT 0123456789012345678901234567890
 PASS
+ft>info
+~ Factory Test [A-Z][a-z]{2} [ 0-9]\d \d{4} \d\d:\d\d:\d\d
+Model = "<NOT Initialized>"
+LCD = "<NOT Initialized>"
+HW Version = "1.0"
+Gen Version = "<NOT Initialized>"
+MAC = "00:11:22:33:44:55"
+Operational Mode = "0"
+ConfigData Des Support = "<NOT Initialized>"
 ft>^D
 @ exit 0
 @ shell
@@ -49,10 +48,6 @@ Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
 ft>program read EEA_PRODUCT
 EEA_PRODUCT = "0123456789012345678901234567890"
-ft>program read HW_VER
-HW_VER = "1.0"
-ft>program read ETHERADD
-ETHERADD = "00:11:22:33:44:55"
 $ ftsim fail eeprom_write -1 EIO
 ft>program write SN_UNIT M2
 FAIL
@@ -76,10 +71,10 @@ SN_UNIT = "AB 12"
 # The store refuses the switch into production mode: no message, no reboot.
 $ ftsim fail eeprom_set_rw_mode -1 EROFS
 ft>production 1
-$ ftsim unfail all
-$ ftsim fail
 ft>production 0
 Factory Mode
+$ ftsim unfail all
+$ ftsim fail
 ft>production 7
 ft>production 1
 Production Mode Enabled

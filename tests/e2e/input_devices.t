@@ -20,8 +20,6 @@ ft>lcd fl 2
 FAIL
 ft>backlight dimmest
 PASS
-ft>production
-Factory Mode
 ft>q
 @ exit 0
 # Backlight_Init failed quietly: the backlight never came on.

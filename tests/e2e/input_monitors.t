@@ -1,5 +1,4 @@
-# The input monitors on the entry model (other device names), the handset
-# lifted before power-up: modes, events, records not looked at, line feeds.
+# The input monitors on the entry model (other device names), handset lifted at power-up.
 $ ftsim set model entry
 $ ftsim set hook off
 @ shell
@@ -28,10 +27,10 @@ ft>
 EHS event: [OFF HOOK]
 > hookswitch 0
 Stop hookswitch test
-$ ftsim hook off
 $ ftsim fail CradleHookswitch_GetState 5 EIO
 ft>hookswitch 2
 FAIL
+$ ftsim hook off
 ft>key 01
 Incorrect parameter
 ft>jackdet 2

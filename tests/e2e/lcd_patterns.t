@@ -1,5 +1,4 @@
-# The backlight (lit at level 20 by start-up, levels 0 to 255) and the patterns
-# on the default 800x480 panel; refused words leave both alone.
+# The backlight (lit at 20 by start-up, 0 to 255) and the patterns on the 800x480 panel.
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 

@@ -1,5 +1,4 @@
-# Sub-command words and the messages of the command groups. The checks before
-# an Ethernet switch handler are tried word by word in tests/shell.
+# Sub-command words and the groups' messages (the switch's word checks: tests/shell).
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 

@@ -1,13 +1,10 @@
-# How the shell reads a line: blank lines, leading ft words, exact command
-# words, and input that does not fit its buffers (refused whole, nothing run).
+# Blank lines, leading ft words, exact command words, and lines refused whole.
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
 ft><enter>
 ft>     
 ft>ft ft
-ft>ft production
-Factory Mode
 ft>productions
 Not a valid command
 ft>prod

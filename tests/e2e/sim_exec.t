@@ -10,8 +10,7 @@ ft>quit
 @ exit 0
 $! ftsim exec -- cat /tmp/mark
 $! ftsim exec -- pgrep -x ft
-# A kernel file the host lacks (the panel's height, 480 as a big-endian cell)
-# reaches the phone's programs by open (cat), the stat family and fopen alike.
+# A kernel file the host lacks (the panel's height) reaches open, stat and fopen alike.
 $ ftsim exec -- sh -c "cat /proc/device-tree/soc/i2c@9844000/dvo_to_mipi@E/display-timings/timing/vactive | od -An -tu1"
 |    0   0   1 224
 $ ftsim exec -- stat -c "%s %F" /proc/device-tree/soc/i2c@9844000/dvo_to_mipi@E/display-timings/timing/vactive

@@ -19,10 +19,9 @@ Record rec(std::uint16_t type, std::uint16_t code, std::int32_t value) {
     return r;
 }
 
-constexpr ft::input::MonitorTexts kTexts{
-    "open %s\n", "no name", "not found", "no thread", "thread: not open", "no handler",
-    "short [%d] errno [%d]\n", "null", "command: not open", "kill failed", "join failed",
-};
+constexpr ft::input::MonitorTexts kTexts{"open %s\n", "no name", "not found", "no thread", "thread: not open",
+                                         "no handler", "short [%d] errno [%d]\n", "null", "command: not open",
+                                         "kill failed", "join failed"};
 
 volatile std::sig_atomic_t g_stop = 0;
 void on_signal(int) { g_stop = 1; }
@@ -31,7 +30,6 @@ ft::input::Monitor g_monitor{kTexts, SIGUSR1, on_signal, g_stop, [](std::uint16_
                              [](const Record&) {}};
 void* entry(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(ft::input::monitor_run(g_monitor))); }
 
-// A socket pair stands in for the device.
 int launch() {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) return -1;
@@ -42,8 +40,7 @@ int launch() {
     return ends[0];
 }
 
-// Right after start-up too: the teardown's signal must never meet the default
-// action, which would end the whole process.
+// Right after start-up too: the signal must never meet its default action.
 TEST(Monitor, TeardownEndsABlockedReadQuietlyAndClosesTheDevice) {
     testing::internal::CaptureStdout();
     for (int i = 0; i < 200; ++i) {
@@ -62,8 +59,7 @@ TEST(Monitor, TeardownEndsABlockedReadQuietlyAndClosesTheDevice) {
 int g_type = 0;
 int query(int* type) { return *type = g_type, 0; }
 
-// Only the two wiring standards get their names: any other answer of the
-// library must not index past the known names.
+// Any answer of the library but the two wiring standards must not index past the names.
 TEST(Jack, TypesOtherThanTheTwoStandardsShowAsMic) {
     for (int type : {5, -1}) {
         g_type = type;

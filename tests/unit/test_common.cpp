@@ -1,5 +1,4 @@
-// The helpers every area shares: word conversion, handle owners, and the
-// quoting of values for a command line, judged by a real sh.
+// The helpers every area shares: words, handle owners, quoting judged by a real sh.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -39,10 +38,9 @@ TEST(Handles, ClosingKeepsTheErrnoOfTheFailureBeforeIt) {
     EXPECT_EQ(errno, ENOENT);
 }
 
-// What sh makes of the command line "set -- PLACED", PLACED being the value
-// put in its place: the number of arguments, '|', then the first argument.
-// It runs in an empty folder with an empty PATH, so that a value taken as
-// syntax could at worst make a file there, which the test then sees.
+// What sh makes of "set -- PLACED": the number of arguments, '|', the first one.
+// In an empty folder with an empty PATH, a value taken as syntax could at
+// worst make a file there, which the test then sees.
 class Shell : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -74,7 +72,7 @@ protected:
     std::filesystem::path dir_;
 };
 
-TEST_F(Shell, EveryCharacterComesBackAsOneLiteralArgument) {
+TEST_F(Shell, EveryCharacterComesBackAsOneLiteralArgumentUpToTheLongestValue) {
     std::string all;
     for (int c = 1; c < 128; ++c) {
         const std::string value = std::string("a") + static_cast<char>(c) + "b";
@@ -86,17 +84,13 @@ TEST_F(Shell, EveryCharacterComesBackAsOneLiteralArgument) {
     EXPECT_EQ(quoted(all), "1|" + all);
     EXPECT_EQ(bare("$(touch ran)'`touch ran`'"), "1|$(touch ran)'`touch ran`'");
     EXPECT_EQ(quoted("\\\"; touch ran; \""), "1|\\\"; touch ran; \"");
-    // Plain values are left as they are; empty stays empty: no argument bare,
-    // an empty one inside quotes.
+    // Plain values are left as they are; empty is no argument bare, an empty one inside quotes.
     const std::string plain = "AZaz09_@%+=:,./-";
     EXPECT_STREQ(ft::Quoted(plain).c_str(), plain.c_str());
     EXPECT_STREQ(ft::Quoted(plain, ft::QuotePlace::DoubleQuoted).c_str(), plain.c_str());
     EXPECT_EQ(bare(""), "0|");
     EXPECT_EQ(quoted(""), "1|");
-}
-
-// Quotes make the longest forms in both places.
-TEST_F(Shell, TheLongestValueFitsAndOneMoreBecomesEmpty) {
+    // Quotes make the longest forms in both places; one more is refused.
     const std::string longest(ft::kMaxQuotedValue, '\''), longest_dq(ft::kMaxQuotedValue, '"');
     EXPECT_TRUE(ft::Quoted(longest).fits());
     EXPECT_EQ(bare(longest), "1|" + longest);

@@ -34,8 +34,7 @@ protected:
     std::filesystem::path dir_;
 };
 
-// The store's own names and order: a row the shell's table got wrong shows as
-// a wrong field, as on the phone. Values come back whole, or cut to the
+// The store's own names and order; values come back whole, or cut to the
 // caller's length and always terminated.
 TEST_F(Store, ValuesSurviveAndAreTerminatedWithinTheCallersLength) {
     EXPECT_EQ(eeprom_nameToIndex("ETHERADD"), 1);
@@ -61,8 +60,7 @@ TEST_F(Store, AWriteReplacesTheFileInsteadOfRewritingIt) {
     EXPECT_EQ(read(4), "new");
 }
 
-// Only the switch into production mode exists; it shows as the mode "1".
-// Failures come as chosen, and a missing store is not an empty phone.
+// Only the switch into production mode exists; a missing store is no empty phone.
 TEST_F(Store, ProductionModeInjectedFailuresAndAMissingStore) {
     EXPECT_LT(eeprom_set_rw_mode(1), 0);
     EXPECT_EQ(read(0), "0");
