@@ -1,6 +1,5 @@
-// What the simulated phone's store cannot be made to hand over: values that
-// fill the caller's whole buffer with no terminator, and operational modes
-// the factory commands cannot write.
+// What the simulated phone's store cannot be made to hand over: values with no
+// terminator, a read failing for one field alone, modes no command writes.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -15,9 +14,11 @@
 namespace {
 const char* g_field = nullptr;  // null: the store fills the buffer with g_fill and no terminator
 char g_fill = 'A';
+int g_failing = -1;  // the index whose read fails
 }  // namespace
 
-extern "C" int eeprom_read(int, char* buffer, int length) {
+extern "C" int eeprom_read(int index, char* buffer, int length) {
+    if (index == g_failing) return -1;
     if (g_field == nullptr) {
         std::memset(buffer, g_fill, static_cast<std::size_t>(length));
         return 0;
@@ -34,15 +35,42 @@ extern "C" int system(const char* command) {
     return -1;
 }
 
-TEST(DeviceKey, MacFieldWithoutTerminatorIsNotProgrammed) {
-    g_field = nullptr;
+// Every field by its name, in the store's order; a read that fails shows as
+// FAIL, a value filling the whole buffer as its first 31 characters, and a MAC
+// without its terminator as not programmed; gencert refuses any mode but 0.
+TEST(FactoryData, WhatTheStoreGivesIsNotTakenOnTrust) {
+    std::istringstream names(
+        "OPERATIONAL_MODE ETHERADD BLUETOOTHADD WIFIADD SN_UNIT SN_PWB CC_UNIT CC_PWB MODEL_NUM GEN_VER HW_VER "
+        "ID_LCD_GLASS ID_LCD_CONTROLLER ID_TOUCH_CONTROLLER RF_COMBO_MODULE CAMERA_MODULE NM_HF_M1 NM_HAND_M "
+        "NM_HEAD_M NM_CORDLESS_M NM_35_M NM_HF_S NM_HAND_S NM_HEAD_S NM_CORDLESS_S NM_35_S CONFIGDATA_HAND_RX_GAIN "
+        "CONFIGDATA_HAND_TX_GAIN SEC_MODE ADB_ROOT SERIAL_ENABLED AUTH_ENABLED CONFIGDATA_DES_SUPPORT EEA_PRODUCT");
+    const std::string a31(31, 'A');
+    std::string expected;
+    int i = 0;
+    for (std::string name; names >> name; ++i) {
+        std::array<char, 80> line{};
+        std::snprintf(line.data(), line.size(), "%2d: %s = \"%s\"\n", i, name.c_str(), i == 33 ? "FAIL" : a31.c_str());
+        expected += line.data();
+    }
+    g_failing = 33;
+    for (const char* target : {"all", "ict"}) {
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(config_program_list(target), 0);
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), expected) << target;
+    }
+    g_failing = -1;
     std::array<char, ft::cred::kMacTextSize> mac{};
     testing::internal::CaptureStdout();
+    EXPECT_EQ(config_program_read("SN_UNIT"), 0);
     EXPECT_EQ(get_mac_address(mac.data(), static_cast<int>(mac.size())), -1);
-    EXPECT_NE(testing::internal::GetCapturedStdout().find("():69 MAC is not programmed\n"), std::string::npos);
-}
-
-TEST(Gencert, RefusedUnlessTheModeStartsWithZero) {
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "SN_UNIT = \"" + a31 + "\"\n*ERROR* fact_device_key:get_mac_address():69 MAC is not programmed\n"
+              "*ERROR* fact_device_key:get_mac_address():70 Please program MAC before generating certificate\n");
+    // The mode is read as a number; digits up to the buffer's end mean production.
+    g_fill = '1';
+    testing::internal::CaptureStdout();
+    config_production("0");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Production Mode\n");
     for (const char* mode : {"", "x"}) {
         g_field = mode;
         testing::internal::CaptureStdout();
@@ -50,24 +78,4 @@ TEST(Gencert, RefusedUnlessTheModeStartsWithZero) {
         EXPECT_EQ(testing::internal::GetCapturedStdout(),
                   "*ERROR* misc:gen_self_signed_cert():97 gencert can only be executed in factory mode\n");
     }
-}
-
-TEST(FactoryData, AValueFillingTheWholeBufferPrintsAsItsFirst31Characters) {
-    g_field = nullptr;
-    g_fill = 'A';
-    const std::string a31(31, 'A');
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(config_program_read("SN_UNIT"), 0);
-    EXPECT_EQ(config_program_list("ict"), 0);
-    std::istringstream out(testing::internal::GetCapturedStdout());
-    std::string line;
-    std::getline(out, line);
-    EXPECT_EQ(line, "SN_UNIT = \"" + a31 + "\"");
-    std::getline(out, line);
-    EXPECT_EQ(line, " 0: OPERATIONAL_MODE = \"" + a31 + "\"");
-    // The mode is read as a number; digits up to the buffer's end mean production.
-    g_fill = '1';
-    testing::internal::CaptureStdout();
-    config_production("0");
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Production Mode\n");
 }

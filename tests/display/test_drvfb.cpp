@@ -1,10 +1,13 @@
 // The drawing layer on a framebuffer file of its own, with a fake kernel that
-// answers the screen-information and pan calls.
+// answers the screen-information and pan calls; and the generated digit images.
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <endian.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <linux/fb.h>
 #include <set>
 #include <string>
@@ -13,6 +16,7 @@
 #include <vector>
 
 #include "common/unique_handle.h"
+#include "display/digit_images.h"
 #include "display/drvFB.h"
 
 namespace {
@@ -38,12 +42,11 @@ int fake_ioctl(int, unsigned long request, void* arg) {
 // The lowest free descriptor: it moves up when the layer keeps one open.
 int next_fd() { return ft::UniqueFd(open("/dev/null", O_RDONLY)).get(); }
 
-// Every message of the layer names its line, function and file.
-void expect_log(const std::string& pattern) {
-    const std::string log = testing::internal::GetCapturedStdout();
-    EXPECT_TRUE(testing::internal::RE::FullMatch(log, testing::internal::RE(pattern))) << log;
+void write_cell(const std::string& path, std::uint32_t value) {
+    ft::UniqueFd fd(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600));
+    const std::uint32_t cell = htobe32(value);
+    ASSERT_EQ(write(fd.get(), &cell, 4), 4);
 }
-#define AT(fn) "libvelor \\(line [0-9]+ of " fn " in drvFB\\.cpp\\): "
 
 class Framebuffer : public ::testing::Test {
 protected:
@@ -53,13 +56,10 @@ protected:
         dir_ = tmpl;
         fb_ = dir_ + "/fb0", hactive_ = dir_ + "/hactive", vactive_ = dir_ + "/vactive";
         g_kernel = FakeKernel{};
-        g_kernel.screen.xres_virtual = kW;
-        g_kernel.screen.yres_virtual = kH;
-        g_kernel.screen.bits_per_pixel = 32;
+        g_kernel.screen.xres_virtual = kW, g_kernel.screen.yres_virtual = kH, g_kernel.screen.bits_per_pixel = 32;
         ft::UniqueFd fd(open(fb_.c_str(), O_RDWR | O_CREAT, 0600));
         ASSERT_EQ(ftruncate(fd.get(), kW * kH * 4), 0);
-        // The panel shows 10x8 of the framebuffer.
-        write_cell(hactive_, 10);
+        write_cell(hactive_, 10);  // the panel shows 10x8 of the framebuffer
         write_cell(vactive_, 8);
         device_ = {fb_.c_str(), hactive_.c_str(), vactive_.c_str(), fake_ioctl};
         drvfb_testing::forget_state();
@@ -68,17 +68,9 @@ protected:
     void TearDown() override {
         drvfb_testing::forget_state();
         drvfb_testing::use_device(nullptr);
-        for (const std::string& f : {fb_, hactive_, vactive_}) unlink(f.c_str());
-        rmdir(dir_.c_str());
+        std::filesystem::remove_all(dir_);
     }
 
-    static void write_cell(const std::string& path, std::uint32_t value) {
-        ft::UniqueFd fd(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600));
-        const std::uint32_t cell = htobe32(value);
-        ASSERT_EQ(write(fd.get(), &cell, 4), 4);
-    }
-
-    // Opened, red at palette entry 1, and everything cleared to entry 0.
     void open_cleared() {
         ASSERT_EQ(init_framebuffer(), 0);
         ASSERT_EQ(open_framebuffer(), 0);
@@ -104,10 +96,9 @@ protected:
     drvfb_testing::Device device_{};
 };
 
-TEST_F(Framebuffer, LinesStepExactlyAndAreClippedWithoutWrapping) {
+TEST_F(Framebuffer, ShapesAreExactAndClippedWithoutWrapping) {
     open_cleared();
     EXPECT_EQ(drawn_by(0, 0, 4, 2), (Points{{0, 0}, {1, 1}, {2, 1}, {3, 2}, {4, 2}}));
-    EXPECT_EQ(drawn_by(0, 0, 5, 2), (Points{{0, 0}, {1, 0}, {2, 1}, {3, 1}, {4, 2}, {5, 2}}));
     EXPECT_EQ(drawn_by(0, 0, 2, 4), (Points{{0, 0}, {1, 1}, {1, 2}, {2, 3}, {2, 4}}));
     // Every octant: one pixel per step of the major axis, the same either way round.
     for (int dx = -5; dx <= 5; ++dx)
@@ -122,54 +113,42 @@ TEST_F(Framebuffer, LinesStepExactlyAndAreClippedWithoutWrapping) {
     EXPECT_EQ(drawn_by(-4, -4, kH + 4, kH + 4), diagonal);
     EXPECT_EQ(drawn_by(-1000000, 0, 1000000, 0).size(), static_cast<std::size_t>(kW));
     clear();
-    EXPECT_EQ(pixel(kW, 0, 1), 0);
-    EXPECT_EQ(fillrect(-10, -10, -1, kH + 10, 1), 0);
+    EXPECT_EQ(pixel(kW, 0, 1) + fillrect(-10, -10, -1, kH + 10, 1), 0);
     EXPECT_EQ(lit(), Points{});
-}
-
-TEST_F(Framebuffer, RectanglesAndPalette) {
-    open_cleared();
     ASSERT_EQ(fillrect(9, 5, 0, 2, 1), 0);
     EXPECT_EQ(lit().size(), 40u);
     EXPECT_TRUE(lit().count({0, 2}) && lit().count({9, 5}));
     clear();
     ASSERT_EQ(rect(1, 1, 4, 3, 1), 0);
     EXPECT_EQ(lit(), (Points{{1, 1}, {2, 1}, {3, 1}, {4, 1}, {4, 2}, {4, 3}, {3, 3}, {2, 3}, {1, 3}, {1, 2}}));
-    // Entries are opaque whatever the top byte.
-    ASSERT_EQ(setcolor(255, 0xAB123456), 0);
-    ASSERT_EQ(pixel(0, 0, 255), 0);
+    // Palette entries are opaque whatever the top byte; 255 is the last.
+    ASSERT_EQ(setcolor(255, 0xAB123456) + pixel(0, 0, 255), 0);
     EXPECT_EQ(drvfb_testing::mapping()[0], 0xFF123456u);
-    EXPECT_EQ(setcolor(256, 0), -1);
-    EXPECT_EQ(line(0, 0, 5, 5, 257), -1);
+    EXPECT_EQ(setcolor(256, 0) + line(0, 0, 5, 5, 256), -2);
     EXPECT_EQ(lit().size(), 10u);
 }
 
-TEST_F(Framebuffer, DrawingNeedsAnOpenMappingAndThePaletteOutlivesIt) {
-    ASSERT_EQ(init_framebuffer(), 0);
-    EXPECT_EQ(setcolor(1, 0xFF0000), -1);
-    ASSERT_EQ(open_framebuffer(), 0);
-    ASSERT_EQ(setcolor(1, 0xFF0000), 0);
-    EXPECT_EQ(open_framebuffer(), -1);
-    EXPECT_EQ(close_framebuffer(), 0);
-    EXPECT_EQ(pixel(3, 3, 1), -1);
-    ASSERT_EQ(open_framebuffer(), 0);
-    EXPECT_EQ(pixel(4, 4, 1), 0);
-    EXPECT_EQ(lit(), (Points{{4, 4}}));
-}
-
+// Drawing needs an open mapping; the palette outlives it.
 TEST_F(Framebuffer, InitPansToTheVisibleSizeAndKeepsNoDescriptor) {
     const int fd = next_fd();
     ASSERT_EQ(init_framebuffer(), 0);
     EXPECT_EQ(next_fd(), fd);
     EXPECT_EQ(g_kernel.last_pan.xres * 100 + g_kernel.last_pan.yres, 1008u);
+    EXPECT_EQ(setcolor(1, 0xFF0000), -1);
     ASSERT_EQ(open_framebuffer(), 0);
     ASSERT_EQ(setcolor(1, 0xFF0000), 0);
+    EXPECT_EQ(open_framebuffer(), -1);
     // Rows lie a virtual width apart; init while open keeps the mapping.
     ASSERT_EQ(init_framebuffer(), 0);
     ASSERT_EQ(pixel(1, 1, 1), 0);
     EXPECT_EQ(drvfb_testing::mapping()[kW + 1], kRed);
-    close_framebuffer();
+    EXPECT_EQ(close_framebuffer(), 0);
     EXPECT_EQ(next_fd(), fd);
+    EXPECT_EQ(pixel(3, 3, 1), -1);
+    ASSERT_EQ(open_framebuffer(), 0);
+    EXPECT_EQ(pixel(4, 4, 1), 0);
+    EXPECT_EQ(lit().count({4, 4}), 1u);
+    close_framebuffer();
 
     // Only a missing height fails the size query; both fall back to the framebuffer's.
     std::uint32_t w = 0, h = 0;
@@ -189,11 +168,15 @@ TEST_F(Framebuffer, InitPansToTheVisibleSizeAndKeepsNoDescriptor) {
     EXPECT_EQ(init_framebuffer(), -1);
     unlink(fb_.c_str());
     EXPECT_EQ(init_framebuffer(), -1);
+#define AT(fn) "libvelor \\(line [0-9]+ of " fn " in drvFB\\.cpp\\): "
     const std::string no_cell = AT("get_resolution") "Failed to open /tmp/drvfb_test\\.[A-Za-z0-9]+/[hv]active";
     const std::string bpp = AT("init_framebuffer") "unsupported bpp \\(16\\), should be \\(32\\)\n";
-    expect_log(no_cell + no_cell + no_cell + bpp + no_cell + no_cell + bpp + no_cell + no_cell +
-               AT("init_framebuffer") "ioctl FBIOPAN_DISPLAY failed, errno=22\n" AT("init_framebuffer")
-               "ioctl FBIOGET_VSCREENINFO failed, errno=5\n" AT("init_framebuffer") "open failed, errno=2\n");
+    const std::string log = testing::internal::GetCapturedStdout();
+    EXPECT_TRUE(testing::internal::RE::FullMatch(
+        log, no_cell + no_cell + no_cell + bpp + no_cell + no_cell + bpp + no_cell + no_cell +
+                 AT("init_framebuffer") "ioctl FBIOPAN_DISPLAY failed, errno=22\n" AT("init_framebuffer")
+                 "ioctl FBIOGET_VSCREENINFO failed, errno=5\n" AT("init_framebuffer") "open failed, errno=2\n"))
+        << log;
 }
 
 // A filled rectangle is one locked call: drawn from several threads at once
@@ -208,6 +191,27 @@ TEST_F(Framebuffer, FilledRectanglesFromSeveralThreadsDoNotInterleave) {
         });
     for (std::thread& t : threads) t.join();
     EXPECT_EQ(lit(drvfb_testing::mapping()[0]).size(), static_cast<std::size_t>(kW * kH));
+}
+
+TEST(DigitImages, GreyGlyphsOnWhiteThatDifferFromEachOther) {
+    const std::array<const std::uint32_t*, 10> images{image_arr_0, image_arr_1, image_arr_2, image_arr_3, image_arr_4,
+                                                      image_arr_5, image_arr_6, image_arr_7, image_arr_8, image_arr_9};
+    for (int d = 0; d <= 9; ++d) {
+        int odd = 0, black = 0;
+        for (int i = 0; i < 100 * 100; ++i) {
+            const std::uint32_t v = images[d][i], r = i / 100, c = i % 100;
+            const bool in_box = c >= 22 && c <= 65 && r >= 19 && r <= 72;
+            odd += v != (v & 0xFF) * 0x010101 || (!in_box && v != 0xFFFFFF);
+            black += v == 0;
+        }
+        EXPECT_EQ(odd, 0) << d << ": only greys, and white outside the glyph box";
+        EXPECT_GT(black, 300) << d << ": a solid stroke, not a hairline";
+        for (int e = 0; e < d; ++e) {
+            int differing = 0;
+            for (int i = 0; i < 100 * 100; ++i) differing += images[d][i] != images[e][i];
+            EXPECT_GT(differing, 100) << d << " and " << e;
+        }
+    }
 }
 
 }  // namespace

@@ -1,105 +1,99 @@
-# Programming factory data: values as typed and as quoted, refusals, and that
-# every value is read back from the store after a power cycle.
+# Factory data: values as typed and quoted, read back after a power cycle; the store refusing.
+$! ftsim fail nosuch_operation -1 EIO
+| ftsim: no library operation named 'nosuch_operation'; 'ftsim fail --points' lists them
+$! ftsim fail eeprom_read x
+| ftsim: RESULT must be an integer, not 'x'
+$! ftsim fail eeprom_read -1 ENOTANERRNO
+| ftsim: ERRNO must be a name such as EIO or a number, not 'ENOTANERRNO'
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
 ft>program write SN_UNIT "AB  12"
 PASS
-ft>program write MODEL_NUM "VX 400 rev B
-PASS
 ft>program writecommit HW_VER 1.0
 PASS
 ft>program write ETHERADD 00:11:22:33:44:55 ignored words
 PASS
-ft>program write SN_PWB "A B"tail more
-PASS
-ft>program write CC_PWB "x" y "z" w
-PASS
 ft>program write ID_LCD_GLASS
-FAIL
-ft>program write NO_SUCH_FIELD 1
 FAIL
 ft>program writecommit etheradd 1
 FAIL
-ft>program write ID_LCD_GLASS ""
-FAIL
 ft>program read NO_SUCH_FIELD
-ft>program read
 ft>program commit
 PASS
 ft>program reset nvdata
 Not supporting reset of nvdata
 ft>program reset all
 Invalid target!
-ft>program list
-Invalid target!
 ft>program list ALL
 Invalid target!
-ft>^D
-@ exit 0
-@ shell
-Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
-
-ft>program read SN_UNIT
-SN_UNIT = "AB 12"
-ft>program read MODEL_NUM
-MODEL_NUM = "VX 400 rev B "
-ft>program read SN_PWB
-SN_PWB = "A B"
-ft>program read CC_PWB
-CC_PWB = "x" y "z"
+# A field holds 31 characters, as the shell's read buffers do.
+ft>program write EEA_PRODUCT 01234567890123456789012345678901
+FAIL
+ft>program write EEA_PRODUCT 0123456789012345678901234567890
+PASS
 ft>info
-~ Factory Test .*
-Model = "VX 400 rev B "
+~ Factory Test [A-Z][a-z]{2} [ 0-9]\d \d{4} \d\d:\d\d:\d\d
+Model = "<NOT Initialized>"
 LCD = "<NOT Initialized>"
 HW Version = "1.0"
 Gen Version = "<NOT Initialized>"
 MAC = "00:11:22:33:44:55"
 Operational Mode = "0"
 ConfigData Des Support = "<NOT Initialized>"
-ft>program list ict
- 0: OPERATIONAL_MODE = "0"
- 1: ETHERADD = "00:11:22:33:44:55"
- 2: BLUETOOTHADD = ""
- 3: WIFIADD = ""
- 4: SN_UNIT = "AB 12"
- 5: SN_PWB = "A B"
- 6: CC_UNIT = ""
- 7: CC_PWB = "x" y "z"
- 8: MODEL_NUM = "VX 400 rev B "
- 9: GEN_VER = ""
-10: HW_VER = "1.0"
-11: ID_LCD_GLASS = ""
-12: ID_LCD_CONTROLLER = ""
-13: ID_TOUCH_CONTROLLER = ""
-14: RF_COMBO_MODULE = ""
-15: CAMERA_MODULE = ""
-16: NM_HF_M1 = ""
-17: NM_HAND_M = ""
-18: NM_HEAD_M = ""
-19: NM_CORDLESS_M = ""
-20: NM_35_M = ""
-21: NM_HF_S = ""
-22: NM_HAND_S = ""
-23: NM_HEAD_S = ""
-24: NM_CORDLESS_S = ""
-25: NM_35_S = ""
-26: CONFIGDATA_HAND_RX_GAIN = ""
-27: CONFIGDATA_HAND_TX_GAIN = ""
-28: SEC_MODE = ""
-29: ADB_ROOT = ""
-30: SERIAL_ENABLED = ""
-31: AUTH_ENABLED = ""
-32: CONFIGDATA_DES_SUPPORT = ""
-33: EEA_PRODUCT = ""
-# A value longer than the 31 characters the printer shows is stored whole.
-# A field holds 31 characters, as the shell's read buffers do: one more is
-# refused rather than stored and read back cut short.
-ft>program write EEA_PRODUCT 01234567890123456789012345678901
-FAIL
-ft>program write EEA_PRODUCT 0123456789012345678901234567890
-PASS
+ft>^D
+@ exit 0
+@ shell
+Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
+
 ft>program read EEA_PRODUCT
 EEA_PRODUCT = "0123456789012345678901234567890"
-ft>quit
+$ ftsim fail eeprom_write -1 EIO
+ft>program write SN_UNIT M2
+FAIL
+$ ftsim fail eeprom_read -1 EIO
+$ ftsim fail
+| eeprom_write -1 EIO
+| eeprom_read -1 EIO
+ft>program read SN_UNIT
+ft>info
+~ Factory Test .*
+ft>production
+Factory Mode
+# A read that reports a positive result still counts as failed.
+$ ftsim fail eeprom_read 1
+ft>program read SN_UNIT
+$ ftsim unfail eeprom_read
+$! ftsim unfail eeprom_read
+| ftsim: 'eeprom_read' is not set to fail
+ft>program read SN_UNIT
+SN_UNIT = "AB 12"
+# The store refuses the switch into production mode: no message, no reboot.
+$ ftsim fail eeprom_set_rw_mode -1 EROFS
+ft>production 1
+ft>production 0
+Factory Mode
+$ ftsim unfail all
+$ ftsim fail
+ft>production 7
+ft>production 1
+Production Mode Enabled
+Rebooting...
+! ftsim: the phone rebooted; run 'ftsim shell' to power it up again
 @ exit 0
+$ ftsim get watchdog.written
+| V
+# A write cut short by a power cut leaves its temporary file; power-up clears it.
+$ ftsim exec -- sh -c 'echo torn > /sim/eeprom.tmp-Ab3dE6gH'
+@ shell
+Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
+
+ft>production
+Production Mode
+ft>production 1
+Production Mode is already enabled
+$! ftsim exec -- test -e /sim/eeprom.tmp-Ab3dE6gH
+ft>^D
+@ exit 0
+$ ftsim log
+| reboot

@@ -1,24 +1,4 @@
-# Without its framebuffer node every pattern fails; the backlight still works.
-$ ftsim set lcd.device absent
-$ ftsim fail Backlight_Init -1 ENODEV
-@ shell
-Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
-~ libvelor \(line \d+ of init_framebuffer in drvFB\.cpp\): open failed, errno=2
-~ libvelor \(line \d+ of open_framebuffer in drvFB\.cpp\): open failed, errno=2
-
-ft>lcd fl 2
-~ libvelor \(line \d+ of open_framebuffer in drvFB\.cpp\): open failed, errno=2
-FAIL
-ft>backlight dimmest
-PASS
-ft>^D
-@ exit 0
-# Backlight_Init failed quietly: the backlight never came on.
-$ ftsim get backlight.power
-| off
-# Without the height cell a pattern is drawn in full but fails.
-$ ftsim unfail all
-$ ftsim set lcd.device present
+# Without the panel's height cell a pattern is drawn in full but fails.
 $ ftsim set lcd.devicetree no-vactive
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.

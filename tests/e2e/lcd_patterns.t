@@ -1,15 +1,62 @@
-# The patterns on the default 800x480 panel; refused words leave it alone.
+# The backlight (lit at 20 by start-up, 0 to 255) and the patterns on the 800x480 panel.
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
+$ ftsim get backlight.power
+| on
+$ ftsim get backlight.level
+| 20
+ft>backlight off
+PASS
+$ ftsim get backlight.power
+| off
+ft>backlight on
+PASS
+$ ftsim get backlight.power
+| on
+ft>backlight dimmest
+PASS
+$ ftsim get backlight.level
+| 1
+ft>backlight brightest
+PASS
+$ ftsim get backlight.level
+| 255
+ft>backlight Off
+backlight: unknown argument (Off)
+FAIL
+ft>rawbacklight 256
+Valid brightness values are: [0 - 255]
+FAIL
+ft>rawbacklight -1
+Valid brightness values are: [0 - 255]
+FAIL
+ft>rawbacklight dim
+Valid brightness values are: [0 - 255]
+FAIL
+ft>rawbacklight 0
+Valid brightness values are: [0 - 255]
+PASS
+$ ftsim get backlight.level
+| 0
+ft>rawbacklight 255
+Valid brightness values are: [0 - 255]
+PASS
+# Without the maximum, rawbacklight passes any level on to the library.
+$ ftsim fail Backlight_GetMaxBrightness -1 EIO
+ft>backlight brightest
+FAIL
+ft>rawbacklight 100
+PASS
+$ ftsim fail BacklightOnOff 5
+ft>backlight on
+FAIL
 ft>lcd fill 1
 PASS
 $ ftsim lcd --colours
 | red 384000
 ft>lcd fill 5
 PASS
-$ ftsim lcd --colours
-| white 384000
 ft>lcd fill 0
 FAIL Err invalid color=0
 ft>lcd fill 6
@@ -78,9 +125,6 @@ $ ftsim lcd --colours
 | white 1284
 ft>lcd_digit w 9
 PASS
-$ ftsim lcd --colours
-| black 382984
-| white 1016
 ft>lcd_digit b 0
 PASS
 ft>lcd_digit W 10

@@ -1,11 +1,7 @@
-# Sub-command words, the messages of the command groups, and a refusal of
-# each kind by the checks before an Ethernet switch handler (every word of
-# every check is tried in tests/shell).
+# Sub-command words and the groups' messages (the switch's word checks: tests/shell).
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
-ft>wifi
-Not a valid command option. Please check ft help for wifi command options.
 ft>wifi Start
 Not a valid command option. Please check ft help for wifi command options.
 ft>wifi_rf
@@ -14,56 +10,18 @@ ft>bt on2
 Not a valid command option. Please check ft help for BT command options.
 ft>mfg
 Not a valid command option. Please check ft help for mfg command options.
-ft>mfg wifi
-Not a valid command option. Please check ft help for mfg command options.
 ft>mfg wifi starts
 Not a valid command option. Please check ft help for mfg command options.
 ft>mfg bt wifi start
 Bluetooth is not supported yet. Please check ft help for mfg command options.
 ft>mfg wifi start
 ft>mfg wifi stop extra
-ft>lcd
-Not a valid command
 ft>lcd fills 1
-Not a valid command
-ft>program
 Not a valid command
 ft>program writes SN_UNIT x
 Not a valid command
-ft>velor
-Not a valid command
 ft>velor regulatoryx a b c d
 Not a valid command
-ft>l2portResetCntrs 3
-
-l2portResetCntrs() FAIL. port not valid ! 
-ft>l2portCntrs all
-
-l2portCntrs() FAIL. port not valid ! 
-ft>l2getPhyRegValue 2 0
-
-l2getPhyRegValue() FAIL. port not valid ! 
-ft>l2setAutoMDIX 9 9
-
-l2setAutoMDIX() FAIL. port not valid ! 
-ft>l2setLinkStatus 2 5
-
-l2setLinkStatus() FAIL. status not valid ! 
-ft>l2GetVlan_mbrCfg
-
-l2GetVlan_mbrCfg() FAIL. parameter not valid ! 
-ft>l2SetGreenEthernetPort 2
-
-l2SetGreenEthernetPort() FAIL. mode not valid !
-ft>l2rgmiiDelayExt_set 1 0 0
-
-l2rgmiiDelayExt_set() FAIL. port not valid (only cpu_port (2) ) ! 
-ft>l2rgmiiDelayExt_set 2 2 0
-
-l2rgmiiDelayExt_set() FAIL. txDelay not valid ! 
-ft>l2setSSC on
-
-l2setSSC() FAIL. SSC status not valid ! 
 ft>quit now please
 @ exit 0
 $ ftsim log

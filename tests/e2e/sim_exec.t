@@ -1,6 +1,4 @@
-# ftsim exec joins the phone a session has powered up, as adb shell joins a
-# device: its /tmp and its processes. With the phone off it powers up a
-# fresh one, where neither is left.
+# ftsim exec joins the running phone's /tmp and processes, else powers up a fresh one.
 @ shell
 Opening watchdog file at /dev/watchdog ... Disabling watchdog timer.
 
@@ -12,9 +10,7 @@ ft>quit
 @ exit 0
 $! ftsim exec -- cat /tmp/mark
 $! ftsim exec -- pgrep -x ft
-# A kernel file the host lacks reaches every program of the phone the same
-# way, whether it opens it (cat), asks the stat family (stat) or uses fopen:
-# the panel's height, 480 as a big-endian cell.
+# A kernel file the host lacks (the panel's height) reaches open, stat and fopen alike.
 $ ftsim exec -- sh -c "cat /proc/device-tree/soc/i2c@9844000/dvo_to_mipi@E/display-timings/timing/vactive | od -An -tu1"
 |    0   0   1 224
 $ ftsim exec -- stat -c "%s %F" /proc/device-tree/soc/i2c@9844000/dvo_to_mipi@E/display-timings/timing/vactive

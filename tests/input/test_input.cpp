@@ -1,12 +1,8 @@
-#include <atomic>
-#include <chrono>
+// The event monitor's teardown, and the jack's reading of what the library says.
 #include <csignal>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <string>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -19,16 +15,13 @@ using ft::input::Record;
 
 Record rec(std::uint16_t type, std::uint16_t code, std::int32_t value) {
     Record r{};
-    r.type = type;
-    r.code = code;
-    r.value = value;
+    r.type = type, r.code = code, r.value = value;
     return r;
 }
 
-constexpr ft::input::MonitorTexts kTexts{
-    "open %s\n", "no name", "not found", "no thread", "thread: not open", "no handler",
-    "short [%d] errno [%d]\n", "null", "command: not open", "kill failed", "join failed",
-};
+constexpr ft::input::MonitorTexts kTexts{"open %s\n", "no name", "not found", "no thread", "thread: not open",
+                                         "no handler", "short [%d] errno [%d]\n", "null", "command: not open",
+                                         "kill failed", "join failed"};
 
 volatile std::sig_atomic_t g_stop = 0;
 void on_signal(int) { g_stop = 1; }
@@ -37,7 +30,6 @@ ft::input::Monitor g_monitor{kTexts, SIGUSR1, on_signal, g_stop, [](std::uint16_
                              [](const Record&) {}};
 void* entry(void*) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(ft::input::monitor_run(g_monitor))); }
 
-// A socket pair stands in for the device.
 int launch() {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) return -1;
@@ -48,18 +40,15 @@ int launch() {
     return ends[0];
 }
 
+// Right after start-up too: the signal must never meet its default action.
 TEST(Monitor, TeardownEndsABlockedReadQuietlyAndClosesTheDevice) {
     testing::internal::CaptureStdout();
-    // Right after start-up too: the signal must never meet the default action,
-    // which would end the whole process.
     for (int i = 0; i < 200; ++i) {
         const int feed = launch();
         ASSERT_GE(feed, 0);
         const int fd = g_monitor.fd.load();
         if (i == 0) usleep(100 * 1000);  // surely waiting in its read
-        const auto start = std::chrono::steady_clock::now();
         ASSERT_EQ(ft::input::monitor_stop(g_monitor), 0);
-        ASSERT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
         ASSERT_EQ(fcntl(fd, F_GETFD), -1) << "the device is closed";
         ASSERT_EQ(ft::input::monitor_stop(g_monitor), 0) << "a second teardown has nothing to do";
         close(feed);
@@ -67,45 +56,19 @@ TEST(Monitor, TeardownEndsABlockedReadQuietlyAndClosesTheDevice) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
 
-// The switch the shell's commands share: only "0" and "1", a start re-arms
-// the line feed, and a monitor without its device refuses.
-TEST(Monitor, ReportingSwitch) {
-    const int feed = launch();
-    ASSERT_GE(feed, 0);
-    std::atomic<bool> reporting{false}, first{false};
-    const auto sw = [&](const char* mode) { return ft::input::monitor_switch(g_monitor, mode, reporting, first, "x"); };
-    for (const char* bad : {"", "2", "01", "10", "1 ", "-1"}) EXPECT_EQ(sw(bad), -1) << bad;
-    EXPECT_FALSE(reporting || first);
-    EXPECT_EQ(sw("1"), 0);
-    EXPECT_TRUE(reporting && first);
-    first = false;
-    EXPECT_EQ(sw("1"), 0);
-    EXPECT_TRUE(first) << "a repeated start arms the line feed again";
-    EXPECT_EQ(sw("0"), 0);
-    EXPECT_FALSE(reporting);
-    ASSERT_EQ(ft::input::monitor_stop(g_monitor), 0);
-    EXPECT_EQ(sw("1"), -1);
-    close(feed);
-}
-
 int g_type = 0;
 int query(int* type) { return *type = g_type, 0; }
 
-// Only the two wiring standards get their names: any other answer of the
-// library must not index past the known names.
+// Any answer of the library but the two wiring standards must not index past the names.
 TEST(Jack, TypesOtherThanTheTwoStandardsShowAsMic) {
     for (int type : {5, -1}) {
         g_type = type;
         ft::input::JackState state;
-        std::string text;
-        for (const Record& r : {rec(EV_SW, SW_HEADPHONE_INSERT, 1), rec(EV_SW, SW_MICROPHONE_INSERT, 1),
-                                rec(EV_SW, SW_JACK_PHYSICAL_INSERT, 1), rec(EV_SYN, SYN_REPORT, 0)}) {
-            ft::input::JackLine line;
-            line.fill('x');
+        ft::input::JackLine line;
+        for (const Record& r : {rec(EV_SW, SW_MICROPHONE_INSERT, 1), rec(EV_SW, SW_JACK_PHYSICAL_INSERT, 1),
+                                rec(EV_SYN, SYN_REPORT, 0)})
             ft::input::interpret_jack_record(state, r, true, false, query, line);
-            text += line.data();
-        }
-        EXPECT_EQ(text, "JACK = mic\n") << type;
+        EXPECT_STREQ(line.data(), "JACK = mic\n") << type;
     }
 }
 

@@ -29,13 +29,9 @@ class Phone:
                               timeout=TIMEOUT).stdout
 
     def session(self, data):
-        """Runs the shell on @p data, then end of input; returns standard
-        output, standard error and the exit status."""
-        with tempfile.TemporaryFile() as feed:  # a file is no terminal either
-            feed.write(data)
-            feed.seek(0)
-            proc = subprocess.run([self.ftsim_path, "--state", self.state, "shell"], stdin=feed,
-                                  capture_output=True, timeout=TIMEOUT * 6)
+        """The shell on @p data, then end of input: standard output, standard error, exit status."""
+        proc = subprocess.run([self.ftsim_path, "--state", self.state, "shell"], input=data, capture_output=True,
+                              timeout=TIMEOUT * 6)
         return proc.stdout, proc.stderr, proc.returncode
 
 
@@ -45,32 +41,26 @@ class Shell:
     def __init__(self, phone):
         self.proc = subprocess.Popen([phone.ftsim_path, "--state", phone.state, "shell"], stdin=subprocess.PIPE,
                                      stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        self.out = Stream(self.proc.stdout)
-        self.err = Stream(self.proc.stderr)
+        self.out, self.err = Stream(self.proc.stdout), Stream(self.proc.stderr)
 
     def send(self, text):
         self.proc.stdin.write(text)
         self.proc.stdin.flush()
 
-    def wait_for(self, done):
-        """Waits until done(output so far) holds; returns the output."""
+    def wait_for(self, done):  # until done(output so far) holds
         deadline = time.monotonic() + TIMEOUT
-        while True:
-            out = self.out.wait_for(0, 0)
-            if done(out):
-                return out
+        while not done(out := self.out.wait_for(0, 0)):
             if self.out.closed or time.monotonic() > deadline:
                 raise AssertionError(f"the shell's output never got there; it ends:\n{out[-2000:]!r}")
             self.out.wait_for(len(out) + 1, 0.05)
+        return out
 
-    def finish(self):
-        """Ends the input; returns the exit status once the shell is gone."""
+    def finish(self):  # ends the input; the exit status
         self.proc.stdin.close()
         try:
             status = self.proc.wait(timeout=TIMEOUT)
         except subprocess.TimeoutExpired:
-            self.proc.kill()
-            self.proc.wait()
+            self.proc.kill()  # the phone goes with it
             raise AssertionError("the shell did not end")
         self.out.thread.join()
         self.err.thread.join()

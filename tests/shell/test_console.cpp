@@ -4,16 +4,12 @@
 
 #include <array>
 #include <atomic>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <fcntl.h>
 #include <poll.h>
 #include <string>
 #include <string_view>
-#include <sys/mman.h>
+#include <sstream>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 #include "common/console.h"
@@ -24,158 +20,73 @@ namespace {
 
 using ft::Input;
 
-// A file holding @p text, open for reading from its start.
-ft::UniqueFd input_of(const std::string& text) {
-    ft::UniqueFd fd(memfd_create("input", MFD_CLOEXEC));
-    std::size_t done = 0;
-    while (done < text.size()) {
-        const ssize_t n = write(fd.get(), text.data() + done, text.size() - done);
-        if (n <= 0) return {};
-        done += static_cast<std::size_t>(n);
-    }
-    lseek(fd.get(), 0, SEEK_SET);
-    return fd;
-}
-
-struct Read {
-    Input got;
-    std::string line;
-};
-
-// Reads every line of @p text; what was echoed lands in @p echoed.
-std::vector<Read> read_all(const std::string& text, std::string& echoed) {
-    ft::UniqueFd in = input_of(text);
-    char* buffer = nullptr;
-    std::size_t size = 0;
-    std::FILE* echo = open_memstream(&buffer, &size);
-    std::vector<Read> reads;
+// Lines of every length, crossing the reader's chunks at every offset; the
+// limit's two sides; control bytes; and a station's CR LF.
+TEST(PlainLines, EveryLineComesOutWholeOrIsRefusedWhole) {
+    std::vector<std::string> sent;
+    for (std::size_t n = 0; n < 300; ++n) sent.emplace_back(n, static_cast<char>('a' + n % 26));
+    sent.emplace_back(9000, 'z');
+    sent.emplace_back("x\0y", 3);
+    sent.emplace_back("a\rb\x04\x10");
+    std::string text, echo;
+    for (const std::string& s : sent) text += s + "\n", echo += "ft>" + s + "\n";
+    text += "\r\ncrlf\r\nlast";
+    ft::UniqueFile in(std::tmpfile());
+    ASSERT_EQ(std::fwrite(text.data(), 1, text.size(), in.get()), text.size());
+    std::rewind(in.get());
+    char* echoed = nullptr;
+    std::size_t echoed_size = 0;
+    std::FILE* echo_stream = open_memstream(&echoed, &echoed_size);
+    std::vector<std::pair<Input, std::string>> reads;
     {
-        ft::PlainLines lines(in.get(), echo);
-        for (;;) {
+        ft::PlainLines lines(fileno(in.get()), echo_stream);
+        do {
             ft::LineBuffer line;
             line.fill('x');
             const Input got = lines.next(line);
-            reads.push_back({got, got == Input::End ? "" : line.data()});
-            if (got == Input::End) break;
-        }
+            reads.emplace_back(got, got == Input::End ? "" : line.data());
+        } while (reads.back().first != Input::End);
     }
-    std::fclose(echo);
-    echoed.assign(buffer, size);
-    std::free(buffer);
-    return reads;
-}
-
-TEST(PlainLines, LimitsNulAndAnUnfinishedLastLine) {
-    const std::string longest(255, 'a');
-    const std::string too_long(256, 'b');
-    std::string echoed;
-    const std::vector<Read> reads =
-        read_all(longest + "\n" + too_long + "\nnext\n" + std::string("x\0y\nlast", 8), echoed);
-    ASSERT_EQ(reads.size(), 6u);
-    EXPECT_EQ(reads[0].got, Input::Line);
-    EXPECT_EQ(reads[0].line, longest);
-    EXPECT_EQ(reads[1].got, Input::TooLong);
-    EXPECT_EQ(reads[1].line, "") << "nothing of a refused line is kept";
-    EXPECT_EQ(reads[2].line, "next");
-    EXPECT_EQ(reads[3].got, Input::HasNul);
-    EXPECT_EQ(reads[4].got, Input::Line) << "a last line without its line feed still runs";
-    EXPECT_EQ(reads[4].line, "last");
-    EXPECT_EQ(reads[5].got, Input::End);
-    EXPECT_EQ(echoed, "ft>" + longest + "\nft>" + too_long + "\nft>next\nft>x" + std::string(1, '\0') +
-                          "y\nft>last\nft>");
-    EXPECT_STREQ(ft::input_refusal(Input::TooLong), "Line too long: at most 255 characters. Nothing was run.");
-    EXPECT_STREQ(ft::input_refusal(Input::HasNul), "NUL character in the line. Nothing was run.");
-}
-
-// Lines of every length, crossing the reader's chunks at every offset.
-TEST(PlainLines, LinesAcrossReadsComeOutWhole) {
-    std::string text;
-    std::vector<std::string> sent;
-    for (std::size_t n = 0; n < 300; ++n) {
-        sent.push_back(std::string(n, static_cast<char>('a' + n % 26)));
-        text += sent.back() + "\n";
-    }
-    std::string echoed;
-    const std::vector<Read> reads = read_all(text, echoed);
-    ASSERT_EQ(reads.size(), sent.size() + 1);
+    std::fclose(echo_stream);
+    EXPECT_EQ(std::string(echoed, echoed_size), echo + "ft>\nft>crlf\nft>last\nft>") << "the last line runs too";
+    std::free(echoed);
+    ASSERT_EQ(reads.size(), sent.size() + 4);
     for (std::size_t i = 0; i < sent.size(); ++i) {
-        EXPECT_EQ(reads[i].got, i < 256 ? Input::Line : Input::TooLong) << i;
-        if (i < 256) {
-            EXPECT_EQ(reads[i].line, sent[i]) << i;
-        }
+        const Input want = sent[i].size() > 255 ? Input::TooLong : i == 301 ? Input::HasNul : Input::Line;
+        EXPECT_EQ(reads[i], std::make_pair(want, std::string(want == Input::TooLong ? "" : sent[i].c_str()))) << i;
     }
-    EXPECT_EQ(echoed.size(), text.size() + 3 * (sent.size() + 1));
+    std::size_t n = sent.size();
+    for (const char* l : {"", "crlf", "last"}) EXPECT_EQ(reads[n++], std::make_pair(Input::Line, std::string(l)));
 }
 
-TEST(PlainLines, AHugeLineIsRefusedAndTheNextOneRuns) {
-    const std::string huge(10 * 1024 * 1024, 'z');
-    std::string echoed;
-    const std::vector<Read> reads = read_all(huge + "\nproduction\n", echoed);
-    ASSERT_EQ(reads.size(), 3u);
-    EXPECT_EQ(reads[0].got, Input::TooLong);
-    EXPECT_EQ(reads[1].line, "production");
-    EXPECT_EQ(echoed, "ft>" + huge + "\nft>production\nft>");
-}
+// What the shell's line editor is shown while it holds the console.
+std::string g_shown;
+void show(std::string_view text) { g_shown += text; }
 
-// Standard output goes to a pipe for one test; what the test printed is read
-// back whole when it ends.
+// Standard output, watched as the shell's is, captured for one test.
 class Stdout : public testing::Test {
 protected:
-    void SetUp() override {
-        static const bool watched = (ft::console::watch_stdout(), true);
-        static_cast<void>(watched);
-        std::fflush(stdout);
-        int ends[2];
-        ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
-        fcntl(ends[1], F_SETPIPE_SZ, 1 << 20);
-        read_end_.reset(ends[0]);
-        saved_.reset(dup(STDOUT_FILENO));
-        dup2(ends[1], STDOUT_FILENO);
-        close(ends[1]);
-    }
-    void TearDown() override { restore(); }
-
-    std::string printed() {
-        restore();
-        std::string text;
-        std::array<char, 65536> chunk;
-        ssize_t n = 0;
-        while ((n = read(read_end_.get(), chunk.data(), chunk.size())) > 0) text.append(chunk.data(), n);
-        return text;
-    }
-
-private:
-    void restore() {
-        if (!saved_.valid()) return;
-        std::fflush(stdout);
-        dup2(saved_.get(), STDOUT_FILENO);
-        saved_.reset();
-    }
-    ft::UniqueFd read_end_, saved_;
+    static void SetUpTestSuite() { ft::console::watch_stdout(); }
+    void SetUp() override { testing::internal::CaptureStdout(); }
+    std::string printed() { return testing::internal::GetCapturedStdout(); }
 };
 
-TEST_F(Stdout, AReportEndsAnOpenLineFirst) {
+TEST_F(Stdout, AReportEndsAnOpenLineFirstAndALongOneIsCut) {
     std::fputs("ft>", stdout);  // a prompt: no line feed, left in the buffer
     ft::async_print("KeyCode[0002] value[1]\n");
     ft::async_print("KeyCode[0002] value[0]\n");  // the line is closed now
     std::fputs("ft>", stdout);
     ft::async_print("\nKeyCode[0003] value[1]\n");  // a first report brings its own
     std::fputs("Start keypad test\n", stdout);
-    ft::async_printf("%s %d\n", "formatted", 7);
-    EXPECT_EQ(printed(),
-              "ft>\nKeyCode[0002] value[1]\nKeyCode[0002] value[0]\n"
-              "ft>\nKeyCode[0003] value[1]\nStart keypad test\nformatted 7\n");
-}
-
-TEST_F(Stdout, ALongReportIsCutAndStillEndsItsLine) {
     const std::string fits(ft::kAsyncTextMax - 1, 'a');
     ft::async_print(fits + "\n");
     ft::async_printf("%s\n", std::string(ft::kAsyncTextMax, 'b').c_str());
     ft::async_print(std::string(ft::kAsyncTextMax + 1, 'c'));
     std::fputs("after\n", stdout);
-    const std::string cut_b = std::string(ft::kAsyncTextMax - 1, 'b') + "\n";
-    const std::string cut_c = std::string(ft::kAsyncTextMax - 1, 'c') + "\n";
-    EXPECT_EQ(printed(), fits + "\n" + cut_b + cut_c + "after\n");
+    EXPECT_EQ(printed(), "ft>\nKeyCode[0002] value[1]\nKeyCode[0002] value[0]\nft>\nKeyCode[0003] value[1]\n"
+                         "Start keypad test\n" +
+                             fits + "\n" + std::string(ft::kAsyncTextMax - 1, 'b') + "\n" +
+                             std::string(ft::kAsyncTextMax - 1, 'c') + "\nafter\n");
 }
 
 // While the shell's line editor holds the screen, reports wait and wake it;
@@ -187,10 +98,9 @@ TEST_F(Stdout, HeldReportsWaitForTheShell) {
     ft::async_print("\ntwo\n");
     pollfd p{wake, POLLIN, 0};
     ASSERT_EQ(poll(&p, 1, 0), 1) << "the shell is woken";
-    static std::string shown;
-    shown.clear();
-    ft::console::show_waiting([](std::string_view text) { shown += text; });
-    EXPECT_EQ(shown, "one\n\ntwo\n");
+    g_shown.clear();
+    ft::console::show_waiting(show);
+    EXPECT_EQ(g_shown, "one\n\ntwo\n");
     EXPECT_EQ(poll(&p, 1, 0), 0) << "the wake-up is used up";
     ft::console::show_waiting([](std::string_view) { FAIL() << "nothing waits"; });
     ft::async_print("three\n");
@@ -202,10 +112,8 @@ TEST_F(Stdout, HeldReportsWaitForTheShell) {
 // Reporters that outrun a busy shell wait for it: many threads, far more text
 // than the waiting room holds, and not a line lost, cut or mixed.
 TEST_F(Stdout, ReportersOutrunningTheShellLoseNothing) {
-    constexpr int kThreads = 4;
-    constexpr int kLines = 2000;
+    constexpr int kThreads = 4, kLines = 2000;
     const int wake = ft::console::hold();
-    ASSERT_GE(wake, 0);
     std::atomic<int> finished{0};
     std::vector<std::thread> reporters;
     for (int t = 0; t < kThreads; ++t)
@@ -214,33 +122,26 @@ TEST_F(Stdout, ReportersOutrunningTheShellLoseNothing) {
                 ft::async_printf("reporter %d line %04d %s\n", t, i, std::string(40, 'x').c_str());
             ++finished;
         });
-    static std::string shown;
-    shown.clear();
+    g_shown.clear();
     while (finished.load() < kThreads) {
         pollfd p{wake, POLLIN, 0};
         poll(&p, 1, 10);
-        ft::console::show_waiting([](std::string_view text) { shown += text; });
+        ft::console::show_waiting(show);
     }
     for (std::thread& r : reporters) r.join();
-    ft::console::show_waiting([](std::string_view text) { shown += text; });
+    ft::console::show_waiting(show);
     ft::console::release();
     EXPECT_EQ(printed(), "");
 
     std::array<int, kThreads> next{};
-    const std::string tail = " " + std::string(40, 'x');
-    std::size_t start = 0;
+    std::istringstream lines(g_shown);
     int count = 0;
-    while (start < shown.size()) {
-        const std::size_t end = shown.find('\n', start);
-        ASSERT_NE(end, std::string::npos);
-        const std::string l = shown.substr(start, end - start);
-        int t = -1, i = -1, used = 0;
-        ASSERT_EQ(std::sscanf(l.c_str(), "reporter %d line %d%n", &t, &i, &used), 2) << l;
+    for (std::string l; std::getline(lines, l); ++count) {
+        const int t = l.size() > 9 ? l[9] - '0' : -1;
         ASSERT_TRUE(t >= 0 && t < kThreads) << l;
-        EXPECT_EQ(l.substr(static_cast<std::size_t>(used)), tail) << "whole: " << l;
-        EXPECT_EQ(i, next[t]++) << "in order, none lost";
-        ++count;
-        start = end + 1;
+        std::array<char, 80> want{};
+        std::snprintf(want.data(), want.size(), "reporter %d line %04d %s", t, next[t]++, std::string(40, 'x').c_str());
+        ASSERT_EQ(l, want.data()) << "whole, in order, none lost";
     }
     EXPECT_EQ(count, kThreads * kLines);
 }
