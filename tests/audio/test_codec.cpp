@@ -37,8 +37,11 @@ TEST(PcmFormat, TextOfAnOpenDeviceReadsBack) {
     ASSERT_TRUE(codec::parse_format_text("S32_LE 2ch 16000Hz\n", f, channels, rate));
     EXPECT_EQ(codec::format_text(*f, channels, rate), "S32_LE 2ch 16000Hz");
     EXPECT_EQ(f->bytes, 4u);
-    for (const char* text : {"S8 1ch 8000Hz", "S16_LE 3ch 8000Hz", "S16_LE 1ch 7999Hz", "S16_LE 1ch 8000Hz x",
-                             "S16_LE 1ch"})
+    // Each limit from both sides: the last value taken and the first refused.
+    for (const char* text : {"S16_LE 1ch 8000Hz", "S16_LE 2ch 96000Hz"})
+        EXPECT_TRUE(codec::parse_format_text(text, f, channels, rate)) << text;
+    for (const char* text : {"S8 1ch 8000Hz", "S16_LE 0ch 8000Hz", "S16_LE 3ch 8000Hz", "S16_LE 1ch 7999Hz",
+                             "S16_LE 1ch 96001Hz", "S16_LE 1ch 8000Hz x", "S16_LE 1ch"})
         EXPECT_FALSE(codec::parse_format_text(text, f, channels, rate)) << text;
 }
 

@@ -26,7 +26,11 @@ extern "C" int eeprom_read(int index, char* buffer, int length) {
     std::snprintf(buffer, static_cast<std::size_t>(length), "%s", g_field);
     return 0;
 }
-extern "C" int eeprom_nameToIndex(const char* name) { return std::strcmp(name, "SN_UNIT") == 0 ? 4 : -1; }
+// PAST_THE_END: a store whose table has grown by a field this build does not know.
+extern "C" int eeprom_nameToIndex(const char* name) {
+    if (std::strcmp(name, "PAST_THE_END") == 0) return 34;
+    return std::strcmp(name, "SN_UNIT") == 0 ? 4 : -1;
+}
 extern "C" int eeprom_write(int, const char*) { return -1; }
 extern "C" int eeprom_set_rw_mode(int) { return -1; }
 // No test may run a command on the host.
@@ -61,11 +65,21 @@ TEST(FactoryData, WhatTheStoreGivesIsNotTakenOnTrust) {
     g_failing = -1;
     std::array<char, ft::cred::kMacTextSize> mac{};
     testing::internal::CaptureStdout();
+    EXPECT_EQ(config_program_read("PAST_THE_END"), -1);
     EXPECT_EQ(config_program_read("SN_UNIT"), 0);
     EXPECT_EQ(get_mac_address(mac.data(), static_cast<int>(mac.size())), -1);
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "SN_UNIT = \"" + a31 + "\"\n*ERROR* fact_device_key:get_mac_address():69 MAC is not programmed\n"
               "*ERROR* fact_device_key:get_mac_address():70 Please program MAC before generating certificate\n");
+    // Twelve digits and the terminator: the smallest buffer taken, and one less refused.
+    g_field = "0a:1B:2c:3D:4e:5F";
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(get_mac_address(mac.data(), static_cast<int>(mac.size()) - 1), -1);
+    EXPECT_EQ(get_mac_address(mac.data(), static_cast<int>(mac.size())), 0);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "*ERROR* fact_device_key:get_mac_address():58 Buffer size too small\n");
+    EXPECT_STREQ(mac.data(), "0a1B2c3D4e5F");
+    g_field = nullptr;
     // The mode is read as a number; digits up to the buffer's end mean production.
     g_fill = '1';
     testing::internal::CaptureStdout();

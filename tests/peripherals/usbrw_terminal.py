@@ -69,6 +69,9 @@ def main():
             start()
             full_pass()
             check(show_usb().endswith(", mounted on /data/usb_test (rw,nosuid,sync)"), show_usb())
+            # The mount point the test made is for root alone.
+            mode = os.stat(os.path.join(phone.state, "persist/data/usb_test")).st_mode & 0o7777
+            check(mode == 0o700, f"the mount point was made with mode {mode:o}")
             check(run("exec", "--", "ls", "/data/usb_test") == TEST_FILE + "\n", "the mount point shows no test file")
             t.ctrl_c()
             ended_by(b"^C")
