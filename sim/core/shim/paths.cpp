@@ -121,18 +121,21 @@ using ftsim::shim::next;
 using ftsim::shim::redirected;
 using ftsim::shim::takes_mode;
 
-// Each variadic entry point must take its own mode argument.
+// Each variadic entry point must take its own mode argument: open passes one
+// only when it may create a file.
+#define FTSIM_MODE_AFTER(flags)                          \
+    mode_t mode = 0;                                     \
+    if (takes_mode(flags)) {                             \
+        va_list ap;                                      \
+        va_start(ap, flags);                             \
+        mode = static_cast<mode_t>(va_arg(ap, int));     \
+        va_end(ap);                                      \
+    }
 #define FTSIM_OPEN_LIKE(name, ...)                                                      \
     extern "C" int name(const char* path, int flags, ...) {                             \
         using Real = int (*)(const char*, int, ...);                                    \
         static const auto real = next<Real>(#name);                                     \
-        mode_t mode = 0;                                                                \
-        if (takes_mode(flags)) {                                                        \
-            va_list ap;                                                                 \
-            va_start(ap, flags);                                                        \
-            mode = static_cast<mode_t>(va_arg(ap, int));                                \
-            va_end(ap);                                                                 \
-        }                                                                               \
+        FTSIM_MODE_AFTER(flags);                                                        \
         std::string storage;                                                            \
         return real(redirected(path, storage), adjusted_flags(path, flags), mode);      \
     }
@@ -143,13 +146,7 @@ FTSIM_OPEN_LIKE(open64)
     extern "C" int name(int dir, const char* path, int flags, ...) {                    \
         using Real = int (*)(int, const char*, int, ...);                               \
         static const auto real = next<Real>(#name);                                     \
-        mode_t mode = 0;                                                                \
-        if (takes_mode(flags)) {                                                        \
-            va_list ap;                                                                 \
-            va_start(ap, flags);                                                        \
-            mode = static_cast<mode_t>(va_arg(ap, int));                                \
-            va_end(ap);                                                                 \
-        }                                                                               \
+        FTSIM_MODE_AFTER(flags);                                                        \
         std::string storage;                                                            \
         return real(dir, redirected(path, storage), adjusted_flags(path, flags), mode); \
     }
