@@ -86,7 +86,7 @@ struct Setting {
     const char* fallback;  // value when nothing was set or observed yet
     const char* allowed;   // "a|b|c", "<WxH>", "<number>" or "<text>"
     const char* help;
-    const char* file;      // where the value lives, relative to hw; null: conditions/NAME or observed/NAME
+    const char* file = nullptr;  // where the value lives, relative to hw; null: conditions/NAME or observed/NAME
 };
 
 const std::vector<Setting>& settings();

@@ -4,8 +4,8 @@
 namespace {
 const ftsim::SettingsRegistrar kFtp{
     {"ftp.server", ftsim::Kind::Condition, "up", "up|down",
-     "the FTP server at 127.0.0.1 runs while the phone is powered up (taken at power-up)", nullptr},
-    {"ftp.user", ftsim::Kind::Condition, "ft", "<text>", "the FTP server's account: user name", nullptr},
-    {"ftp.password", ftsim::Kind::Condition, "ft", "<text>", "the FTP server's account: password", nullptr},
+     "the FTP server at 127.0.0.1 runs while the phone is powered up (taken at power-up)"},
+    {"ftp.user", ftsim::Kind::Condition, "ft", "<text>", "the FTP server's account: user name"},
+    {"ftp.password", ftsim::Kind::Condition, "ft", "<text>", "the FTP server's account: password"},
 };
 }  // namespace
