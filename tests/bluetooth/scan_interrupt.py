@@ -101,11 +101,7 @@ def full_table_and_default_action(phone):
         check(re.fullmatch(rb"Name +Address +Class +Type +RSSI\r\n" + re.escape(rows) +
                            rb"BT discovery STOPPED\r\nBT state changed: OFF\r\n" + PROMPT, table),
               f"the scan printed {table!r}")
-        t.ctrl_c()
-        # Under ThreadSanitizer readline learns of the signal only with the
-        # next key; the plain shell has ended before that key arrives.
-        t.type("\r")
-        status = t.wait_exit()
+        status = t.ctrl_c_at_prompt()
         check(status == SIGINT_STATUS, f"Ctrl+C at the prompt: exit status {status}")
         clean(t)
 

@@ -86,6 +86,17 @@ class Terminal:
     def ctrl_c(self):
         self.type(b"\x03")
 
+    def ctrl_c_at_prompt(self):
+        """Ctrl+C at the prompt, which ends the shell; its exit status. Under
+        ThreadSanitizer readline learns of the signal only with the next key;
+        the plain shell may have ended before that key arrives."""
+        self.ctrl_c()
+        try:
+            self.type("\r")
+        except OSError:
+            pass
+        return self.wait_exit()
+
     def ctrl_d(self):
         self.type(b"\x04")
 
