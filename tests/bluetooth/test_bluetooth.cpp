@@ -39,8 +39,6 @@ TEST(WakeAlarm, RunsTheFirstCallbackOnAThreadOfItsOwnAndZeroFiresAtOnce) {
     fired.wait(1);
     EXPECT_EQ(fired.load(), 2);
     EXPECT_EQ(other.load(), 0);
-    EXPECT_EQ(acquire_wake_lock("bluetooth_timer"), 0);
-    EXPECT_EQ(release_wake_lock("bluetooth_timer"), 0);
 }
 
 TEST(Bluetooth, NullAddressBufferAndTeardownBeforeInit) {

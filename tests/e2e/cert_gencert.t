@@ -76,7 +76,7 @@ ft>program write ETHERADD 02:12:34:ab:cd:ef
 PASS
 $ ftsim fail eeprom_write -1 5
 ft>gencert
-~ Thumbprint: [0-9A-F:]{95}
+~ Thumbprint: [0-9A-F]{2}(:[0-9A-F]{2}){31}
 MAC = "02:12:34:ab:cd:ef"
 Serial# = "<NOT Initialized>"
 Product = "<NOT Initialized>"

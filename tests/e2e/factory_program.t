@@ -57,7 +57,7 @@ $ ftsim fail
 | eeprom_read -1 EIO
 ft>program read SN_UNIT
 ft>info
-~ Factory Test .*
+~ Factory Test [A-Z][a-z]{2} [ 0-9]\d \d{4} \d\d:\d\d:\d\d
 ft>production
 Factory Mode
 # A read that reports a positive result still counts as failed.

@@ -2,9 +2,11 @@
 """The wired network's lines of `ftsim show`: on a phone never powered up,
 after a session has changed them, and after a power cycle, which brings all
 but the cables (conditions) back as a boot does."""
-import subprocess
+import os
 import sys
-import tempfile
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "shell"))
+from phone import Phone  # noqa: E402
 
 FRESH = """\
 switch PC (0x1): configured auto, actual none, link down, no test mode; cable: nothing
@@ -27,21 +29,20 @@ CYCLED = FRESH.replace("actual none, link down, no test mode; cable: nothing",
 
 
 def main():
-    ftsim = [sys.argv[sys.argv.index("--ftsim") + 1], "--state", tempfile.mkdtemp(prefix="ft-show-")]
-    run = lambda *words: subprocess.run(ftsim + list(words), check=True, capture_output=True, timeout=120).stdout
     failed = False
-    for what, want, *steps in [("never powered up", FRESH, ["reset"]),
-                               ("after a session", CHANGED, ["set", "switch.gigabit.pc", "no"],
-                                ["set", "switch.partner.pc", "1000"],
-                                ["exec", "--", "sh", "-c", f"touch /tmp/factorytest.txt; printf '{SESSION}' | ft"]),
-                               ("after a power cycle", CYCLED, ["exec", "--", "true"])]:
-        for step in steps:
-            run(*step)
-        got = "".join(l + "\n" for l in run("show").decode().splitlines() if l.startswith(("switch ", "eth0:", "leds:")))
-        if got != want:
-            failed = True
-            print(f"{what}: expected\n{want}got\n{got}")
-    subprocess.run(["rm", "-rf", ftsim[2]])
+    with Phone(sys.argv[sys.argv.index("--ftsim") + 1]) as phone:
+        for what, want, *steps in [("never powered up", FRESH),
+                                   ("after a session", CHANGED, ["set", "switch.gigabit.pc", "no"],
+                                    ["set", "switch.partner.pc", "1000"],
+                                    ["exec", "--", "sh", "-c", f"touch /tmp/factorytest.txt; printf '{SESSION}' | ft"]),
+                                   ("after a power cycle", CYCLED, ["exec", "--", "true"])]:
+            for step in steps:
+                phone.ftsim(*step)
+            got = "".join(l + "\n" for l in phone.ftsim("show").decode().splitlines()
+                          if l.startswith(("switch ", "eth0:", "leds:")))
+            if got != want:
+                failed = True
+                print(f"{what}: expected\n{want}got\n{got}")
     print("FAILED" if failed else "ok")
     return 1 if failed else 0
 

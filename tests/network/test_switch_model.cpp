@@ -31,12 +31,11 @@ TEST(LinkResolution, BeyondTheHandlersTests) {
     EXPECT_EQ(link(L2SW_LINK_MODE_1000_FULL, {false, 1000}), Result(L2SW_LINK_MODE_INVALID, L2SW_LINK_DOWN));
 }
 
-TEST(StateFile, WhatIsSavedComesBackAndNothingSavedIsTheFactorySwitch) {
-    // The sessions save and load every setting they change; a counter may run far.
+TEST(StateFile, ACounterMayRunFar) {
+    // The key names themselves are what the sessions read back from /sim/switch.
     Switch s = factory_switch();
     s.ports[kCpu].counters[5] = 1LL << 40;
-    EXPECT_EQ(serialize(parse(serialize(s))), serialize(s));
-    EXPECT_EQ(serialize(parse("")), serialize(factory_switch()));
+    EXPECT_EQ(parse(serialize(s)).ports[kCpu].counters[5], 1LL << 40);
 }
 
 TEST(StateFile, AScribbledLineLeavesItsSettingAtTheDefault) {
