@@ -50,6 +50,42 @@ Link link_of(const Switch& s, int index) {
 
 bool is_flag(std::int32_t v) { return v == 0 || v == 1; }
 
+using Finder = Port* (*)(Switch&, std::int32_t);
+
+// One setting of a port (found by @p find) or of the whole switch, read into
+// *out or changed: 0, or -1 with errno.
+template <typename Out>
+int read_port(Finder find, std::int32_t id, long long Port::*field, Out* out) {
+    Switch s = load();
+    const Port* p = find(s, id);
+    if (!p || out == nullptr) return refuse(EINVAL);
+    *out = static_cast<Out>(p->*field);
+    return 0;
+}
+
+int set_port(Finder find, std::int32_t id, long long Port::*field, std::int32_t value) {
+    return update([&](Switch& s) {
+        Port* p = find(s, id);
+        if (!p) return refuse(EINVAL);
+        p->*field = value;
+        return 0;
+    });
+}
+
+int read_switch(long long Switch::*field, std::int32_t* out) {
+    if (out == nullptr) return refuse(EINVAL);
+    *out = static_cast<std::int32_t>(load().*field);
+    return 0;
+}
+
+int set_switch_flag(long long Switch::*field, std::int32_t value) {
+    if (!is_flag(value)) return refuse(EINVAL);
+    return update([&](Switch& s) {
+        s.*field = value;
+        return 0;
+    });
+}
+
 // --- MAC addresses.
 
 using Mac = std::array<std::uint8_t, 6>;
@@ -213,12 +249,7 @@ int L2Switch_IsSwitchPortSupport1G(int32_t port, int32_t* supported) {
 int L2Switch_SetLinkStatus(int32_t port, int32_t status) {
     FTSIM_FAILURE_POINT();
     if (status < L2SW_LINK_UP || status > L2SW_LINK_DISABLED) return refuse(EINVAL);
-    return update([&](Switch& s) {
-        Port* p = port_of(s, port);
-        if (!p) return refuse(EINVAL);
-        p->forced = status;
-        return 0;
-    });
+    return set_port(port_of, port, &Port::forced, status);
 }
 
 int L2Switch_GetLinkStatus(int32_t port, int32_t* status) {
@@ -266,11 +297,7 @@ int L2Switch_SetTestMode(int32_t port, int32_t test_mode) {
 
 int L2Switch_GetTestMode(int32_t port, int32_t* test_mode) {
     FTSIM_FAILURE_POINT();
-    Switch s = load();
-    const Port* p = phy_of(s, port);
-    if (!p || test_mode == nullptr) return refuse(EINVAL);
-    *test_mode = static_cast<int32_t>(p->test_mode);
-    return 0;
+    return read_port(phy_of, port, &Port::test_mode, test_mode);
 }
 
 int L2Switch_portCntrs(int32_t port) {
@@ -357,39 +384,22 @@ int L2Switch_GetPhyRegValue(int32_t port, int32_t reg, int32_t* value) {
 int L2Switch_SetAutoMDIXPort(int32_t port, int32_t enabled) {
     FTSIM_FAILURE_POINT();
     if (!is_flag(enabled)) return refuse(EINVAL);
-    return update([&](Switch& s) {
-        Port* p = phy_of(s, port);
-        if (!p) return refuse(EINVAL);
-        p->mdix = enabled;
-        return 0;
-    });
+    return set_port(phy_of, port, &Port::mdix, enabled);
 }
 
 int L2Switch_GetAutoMDIXPort(int32_t port, int32_t* enabled) {
     FTSIM_FAILURE_POINT();
-    Switch s = load();
-    const Port* p = phy_of(s, port);
-    if (!p || enabled == nullptr) return refuse(EINVAL);
-    *enabled = static_cast<int32_t>(p->mdix);
-    return 0;
+    return read_port(phy_of, port, &Port::mdix, enabled);
 }
 
 int L2Switch_GetPVID(uint16_t* pvid, int32_t port) {
     FTSIM_FAILURE_POINT();
-    Switch s = load();
-    const Port* p = port_of(s, port);
-    if (!p || pvid == nullptr) return refuse(EINVAL);
-    *pvid = static_cast<uint16_t>(p->pvid);
-    return 0;
+    return read_port(port_of, port, &Port::pvid, pvid);
 }
 
 int L2Switch_GetPortPriority(int32_t port, uint16_t* priority) {
     FTSIM_FAILURE_POINT();
-    Switch s = load();
-    const Port* p = port_of(s, port);
-    if (!p || priority == nullptr) return refuse(EINVAL);
-    *priority = static_cast<uint16_t>(p->priority);
-    return 0;
+    return read_port(port_of, port, &Port::priority, priority);
 }
 
 int L2Switch_VlanMbrCfg(int32_t index) {
@@ -428,38 +438,23 @@ int L2Switch_DelAllRules(void) {
 
 int L2Switch_GetGreenEthernetPort(int32_t* enabled) {
     FTSIM_FAILURE_POINT();
-    if (enabled == nullptr) return refuse(EINVAL);
-    *enabled = static_cast<int32_t>(load().green);
-    return 0;
+    return read_switch(&Switch::green, enabled);
 }
 
 int L2Switch_SetGreenEthernetPort(int32_t enabled) {
     FTSIM_FAILURE_POINT();
-    if (!is_flag(enabled)) return refuse(EINVAL);
-    return update([&](Switch& s) {
-        s.green = enabled;
-        return 0;
-    });
+    return set_switch_flag(&Switch::green, enabled);
 }
 
 int L2Switch_GetEEEPort(int32_t port, int32_t* enabled) {
     FTSIM_FAILURE_POINT();
-    Switch s = load();
-    const Port* p = phy_of(s, port);
-    if (!p || enabled == nullptr) return refuse(EINVAL);
-    *enabled = static_cast<int32_t>(p->eee);
-    return 0;
+    return read_port(phy_of, port, &Port::eee, enabled);
 }
 
 int L2Switch_SetEEEPort(int32_t port, int32_t enabled) {
     FTSIM_FAILURE_POINT();
     if (!is_flag(enabled)) return refuse(EINVAL);
-    return update([&](Switch& s) {
-        Port* p = phy_of(s, port);
-        if (!p) return refuse(EINVAL);
-        p->eee = enabled;
-        return 0;
-    });
+    return set_port(phy_of, port, &Port::eee, enabled);
 }
 
 int L2Switch_rgmiiDelayExt_set(int32_t port, int32_t tx_delay, int32_t rx_delay) {
@@ -474,18 +469,12 @@ int L2Switch_rgmiiDelayExt_set(int32_t port, int32_t tx_delay, int32_t rx_delay)
 
 int L2Switch_GetSSC(int32_t* enabled) {
     FTSIM_FAILURE_POINT();
-    if (enabled == nullptr) return refuse(EINVAL);
-    *enabled = static_cast<int32_t>(load().ssc);
-    return 0;
+    return read_switch(&Switch::ssc, enabled);
 }
 
 int L2Switch_SetSSC(int32_t enabled) {
     FTSIM_FAILURE_POINT();
-    if (!is_flag(enabled)) return refuse(EINVAL);
-    return update([&](Switch& s) {
-        s.ssc = enabled;
-        return 0;
-    });
+    return set_switch_flag(&Switch::ssc, enabled);
 }
 
 int L2Switch_GetLPI_Status(int32_t* lpi_1g, int32_t* lpi_100m) {
