@@ -40,7 +40,6 @@ constexpr std::span<const std::int32_t> kAnyPort = kPortIds;
 // address is the phone's own on the LAN side.
 constexpr std::array<std::int32_t, 2> kMacPortIds{L2SW_PORT_PC, L2SW_PORT_CPU};
 constexpr int kAllPorts = 3;
-constexpr std::int32_t kAllVlans = 9999;
 
 int num(const char* word) { return ft::word_to_int(word); }
 
@@ -334,7 +333,7 @@ constexpr Row kGetPortPriority{
 constexpr Row kGetVlanMbrCfg{
     .name = "rltkFTgetVlanMbrCfg",
     .library = [](Call& c) {
-        return L2Switch_VlanMbrCfg(std::strncmp(c.w1, "all", 3) == 0 ? kAllVlans : num(c.w1));
+        return L2Switch_VlanMbrCfg(std::strncmp(c.w1, "all", 3) == 0 ? std::int32_t{L2SW_VLAN_ALL} : num(c.w1));
     },
     .done = [](const Call&) { std::puts("\nl2getVlanMbrCfg PASS"); return 0; },
     .report = Report::AfterChannel,

@@ -137,8 +137,10 @@ int L2Switch_GetAutoMDIXPort(int32_t port, int32_t* enabled);
 int L2Switch_GetPVID(uint16_t* pvid, int32_t port);
 /** Stores the port's default priority in *priority. */
 int L2Switch_GetPortPriority(int32_t port, uint16_t* priority);
+/** The VLAN index that names every configured VLAN. */
+enum { L2SW_VLAN_ALL = 9999 };
 /** Prints the VLAN member configuration of VLAN @p index (0 .. 4095), or of
- * every configured VLAN for 9999, on the console. */
+ * every configured VLAN for L2SW_VLAN_ALL (9999), on the console. */
 int L2Switch_VlanMbrCfg(int32_t index);
 /** Prints the ACL rules on the console. */
 int L2Switch_ShowAllRules(void);

@@ -145,7 +145,7 @@ struct Vlan {
     std::int32_t members, untagged;
     int fid;
 };
-constexpr std::array<Vlan, 1> kVlans{{{1, kAllPortsId, kAllPortsId, 0}}};
+constexpr std::array<Vlan, 1> kVlans{{{1, L2SW_PORT_ALL, L2SW_PORT_ALL, 0}}};
 
 void print_vlan(const Vlan& v) {
     std::printf(" VLAN %4d: members 0x%03x, untagged 0x%03x, FID %d\n", v.vid, static_cast<unsigned>(v.members),
@@ -316,7 +316,7 @@ int L2Switch_portCntrs(int32_t port) {
 int L2Switch_portResetCntrs(int32_t port) {
     FTSIM_FAILURE_POINT();
     return update([&](Switch& s) {
-        if (port == kAllPortsId) {
+        if (port == L2SW_PORT_ALL) {
             for (Port& p : s.ports) p.counters = {};
             return 0;
         }
@@ -405,12 +405,11 @@ int L2Switch_GetPortPriority(int32_t port, uint16_t* priority) {
 int L2Switch_VlanMbrCfg(int32_t index) {
     FTSIM_FAILURE_POINT();
     const std::string marker = marker_age();
-    constexpr int32_t kAll = 9999;
-    if ((index < 0 || index > 4095) && index != kAll) return refuse(EINVAL);
+    if ((index < 0 || index > 4095) && index != L2SW_VLAN_ALL) return refuse(EINVAL);
     std::printf("VLAN member configuration:\n");
     bool found = false;
     for (const Vlan& v : kVlans) {
-        if (index != kAll && v.vid != index) continue;
+        if (index != L2SW_VLAN_ALL && v.vid != index) continue;
         print_vlan(v);
         found = true;
     }

@@ -10,14 +10,15 @@
 #include <string>
 #include <string_view>
 
+#include "platform/velor.h"
+
 namespace ftsim::network {
 
 enum PortIndex { kPc = 0, kLan = 1, kCpu = 2 };
 inline constexpr int kPortCount = 3;
 
-// The library's identifiers of the three ports, and of all of them at once.
-inline constexpr std::array<std::int32_t, kPortCount> kPortIds{0x1, 0x2, 0x400};
-inline constexpr std::int32_t kAllPortsId = 0x403;
+// The library's identifiers of the three ports.
+inline constexpr std::array<std::int32_t, kPortCount> kPortIds{L2SW_PORT_PC, L2SW_PORT_LAN, L2SW_PORT_CPU};
 inline constexpr std::array<const char*, kPortCount> kPortNames{"PC", "LAN", "CPU"};
 // Keys of the ports in the state file.
 inline constexpr std::array<const char*, kPortCount> kPortKeys{"pc", "lan", "cpu"};
