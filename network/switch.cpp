@@ -71,8 +71,7 @@ struct Row {
     int (*done)(const Call&) = nullptr;        // success output and result; null: "PASS", 0
     const char* plain_failure = nullptr;       // a fixed line instead of the errno line
     Report report = Report::None;
-    const char* cannot_create = nullptr;
-    const char* cannot_delete = nullptr;
+    const char* report_name = nullptr;         // the report's own name, in its marker lines
 };
 
 int pass(const Call&) {
@@ -113,13 +112,15 @@ bool delete_report_marker() {
     return false;
 }
 
+int cannot_create(const Row& r) {
+    std::printf("%s() FAILED, cannot create the file !!!!\n", r.report_name);
+    return 0;
+}
+
 int run(const Row& r, Call c) {
     if (r.intro) std::puts(r.intro);
     const bool report = r.report != Report::None;
-    if (r.report == Report::BeforeChannel && !create_report_marker()) {
-        std::puts(r.cannot_create);
-        return 0;
-    }
+    if (r.report == Report::BeforeChannel && !create_report_marker()) return cannot_create(r);
     Net_fd_init();
     if (!r.ports.empty()) {
         // "all" is the fourth entry, which only the counter reset's row has.
@@ -131,10 +132,7 @@ int run(const Row& r, Call c) {
         c.id = r.ports[static_cast<std::size_t>(c.port)];
     }
     if (r.announce && !r.announce(c)) return -1;
-    if (r.report == Report::AfterChannel && !create_report_marker()) {
-        std::puts(r.cannot_create);
-        return 0;
-    }
+    if (r.report == Report::AfterChannel && !create_report_marker()) return cannot_create(r);
     const int rc = r.library(c);
     if (rc < 0) {
         const int error = errno;
@@ -146,8 +144,7 @@ int run(const Row& r, Call c) {
         return -1;
     }
     if (report && !delete_report_marker()) {
-        std::puts("");
-        std::puts(r.cannot_delete);
+        std::printf("\n%s() - cannot delete file ... \n", r.report_name);
         return 0;
     }
     return r.done ? r.done(c) : pass(c);
@@ -175,8 +172,7 @@ constexpr Row kPortCntrs{
     .library = [](Call& c) { return L2Switch_portCntrs(c.id); },
     .done = [](const Call&) { std::puts("\nFTportCntrs(): PASS"); return 0; },
     .report = Report::AfterChannel,
-    .cannot_create = "l2portCntrs() FAILED, cannot create the file !!!!",
-    .cannot_delete = "l2portCntrs() - cannot delete file ... ",
+    .report_name = "l2portCntrs",
 };
 
 constexpr Row kPortResetCntrs{
@@ -337,16 +333,14 @@ constexpr Row kGetVlanMbrCfg{
     },
     .done = [](const Call&) { std::puts("\nl2getVlanMbrCfg PASS"); return 0; },
     .report = Report::AfterChannel,
-    .cannot_create = "l2getVlanMbrCfg() FAILED, cannot create the file !!!!",
-    .cannot_delete = "l2getVlanMbrCfg() - cannot delete file ... ",
+    .report_name = "l2getVlanMbrCfg",
 };
 
 constexpr Row kShowAllRules{
     .name = "rltkFTshowAllRules",
     .library = [](Call&) { return L2Switch_ShowAllRules(); },
     .report = Report::BeforeChannel,
-    .cannot_create = "l2ShowAllRules() FAILED, cannot create the file !!!!",
-    .cannot_delete = "l2ShowAllRules() - cannot delete file ... ",
+    .report_name = "l2ShowAllRules",
 };
 
 constexpr Row kDelAllRules{
