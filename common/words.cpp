@@ -1,5 +1,8 @@
 #include "common/words.h"
 
+#include <arpa/inet.h>
+#include <netinet/in.h>
+
 #include <climits>
 
 namespace ft {
@@ -34,6 +37,11 @@ int word_to_int(const char* word) noexcept {
     if (v > INT_MAX) return INT_MAX;
     if (v < INT_MIN) return INT_MIN;
     return static_cast<int>(v);
+}
+
+bool word_is_ipv4(const char* word) noexcept {
+    in_addr address{};
+    return inet_pton(AF_INET, word, &address) == 1;
 }
 
 }  // namespace ft

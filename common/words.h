@@ -22,4 +22,8 @@ inline bool word_is_one_of(const char* word, std::initializer_list<std::string_v
 
 inline bool word_is(const char* word, std::string_view text) noexcept { return text == word; }
 
+// A dotted-quad IPv4 address and nothing else: host names are refused, since
+// the phone's test network is always given by address.
+bool word_is_ipv4(const char* word) noexcept;
+
 }  // namespace ft

@@ -2,8 +2,6 @@
 // regulatory label fetched the same way into its fixed place under /reserved.
 #include "network/ftp.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/stat.h>
 
 #include <array>
@@ -12,6 +10,7 @@
 
 #include "common/quote.h"
 #include "common/run.h"
+#include "common/words.h"
 
 namespace {
 
@@ -22,17 +21,11 @@ constexpr const char* kLabelFile = "/reserved/regulatoryLabels/regulatory_info.p
 // whole, since a line cut short could send another file than the one typed.
 using CommandBuffer = std::array<char, 256>;
 
-// Host names are refused: the test network's server is always given by address.
-bool is_ipv4_address(const char* word) {
-    in_addr address{};
-    return inet_pton(AF_INET, word, &address) == 1;
-}
-
 // 0 when the file arrived; -1 when nothing was run; else the non-zero status
 // of system(), the client's own messages having been printed by it.
 int ftpget_internal(const char* user, const char* password, const char* local_path, const char* remote_path,
                     const char* server) {
-    if (!is_ipv4_address(server)) {
+    if (!ft::word_is_ipv4(server)) {
         std::printf("invalid server ip \"%s\"\n", server);
         return -1;
     }
@@ -52,7 +45,7 @@ int ftpget_internal(const char* user, const char* password, const char* local_pa
 
 int sendFTP(const char* user, const char* password, const char* local_file, const char* dest_file,
             const char* server) {
-    if (!is_ipv4_address(server)) {
+    if (!ft::word_is_ipv4(server)) {
         std::puts("Invalid remote IPAddr Server!!");
         return -1;
     }

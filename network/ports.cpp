@@ -3,7 +3,6 @@
 // speed and address, ping, and the phone's lamps.
 #include "network/ports.h"
 
-#include <arpa/inet.h>
 #include <array>
 #include <cerrno>
 #include <cstdint>
@@ -32,11 +31,6 @@ bool typed_number(const char* word, int& value) {
 int fail(const char* line) {
     std::puts(line);
     return -1;
-}
-
-bool is_ipv4(const char* word) {
-    in_addr address{};
-    return inet_pton(AF_INET, word, &address) == 1;
 }
 
 // --- eth
@@ -179,8 +173,8 @@ int ip(const char* action_word, const char* address) {
     const int action = ft::word_to_int(action_word);
     std::array<char, kShortCommand> command{};
     if (action == 1) {
-        if (!is_ipv4(address)) return fail("FAIL");
-        // inet_pton let only digits and dots through: Quoted leaves them as
+        if (!ft::word_is_ipv4(address)) return fail("FAIL");
+        // The address check let only digits and dots through: Quoted leaves them as
         // they are, so the address is safe inside the format's own quotes too.
         const ft::Quoted value(address);
         const bool formatted =
@@ -202,7 +196,7 @@ int ip(const char* action_word, const char* address) {
 }
 
 int ping(const char* address) {
-    if (!is_ipv4(address)) return fail("Invalid IP address");
+    if (!ft::word_is_ipv4(address)) return fail("Invalid IP address");
     std::array<char, kShortCommand> command{};
     if (ft::format_command(command, "ping -q -c 4 %s", ft::Quoted(address).c_str())) ft::run_command(command.data());
     return 0;
