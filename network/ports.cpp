@@ -170,7 +170,8 @@ int ethled(const char* mode) {
 }
 
 int ip(const char* action_word, const char* address) {
-    const int action = ft::word_to_int(action_word);
+    int action = 0;
+    const bool typed = typed_number(action_word, action);
     std::array<char, kShortCommand> command{};
     if (action == 1) {
         if (!ft::word_is_ipv4(address)) return fail("FAIL");
@@ -185,7 +186,7 @@ int ip(const char* action_word, const char* address) {
                                      "am broadcast -a com.velor.endpoint.intent.action.ftcommand -e \"ip\" '%s'",
                                      value.c_str());
         if (!formatted) return fail("FAIL");
-    } else if (action == 0 && action_word[0] == '0') {
+    } else if (typed && action == 0) {
         ft::format_command(command, "ifconfig eth0");
     } else {
         return fail("FAIL");
