@@ -89,7 +89,6 @@ int rmmod(const char* module_name) {
         if (result == 0) return 0;
         if (errno != EAGAIN || attempt == kRemoveAttempts) break;
         std::this_thread::sleep_for(kPause);
-        errno = EAGAIN;
     }
     std::printf("Unable to unload driver module \"%s\": %s\n", module_name, std::strerror(errno));
     return static_cast<int>(result);
