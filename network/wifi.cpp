@@ -200,9 +200,9 @@ int wifi_rf_cfg(const char* tx_path, const char* rx_path) {
     }
     if (given(tx_path)) {
         // Without an RX path the tool gets the TX value alone and applies it to both.
-        std::array<char, 512> line{};
-        ft::format_command(line, "mlanutl wlan0 antcfg %c %c", tx_path[0], given(rx_path) ? rx_path[0] : ' ');
-        if (ft::run_command(line.data()) == -1) {
+        std::array<char, 32> line{};
+        if (!ft::format_command(line, "mlanutl wlan0 antcfg %c %c", tx_path[0], given(rx_path) ? rx_path[0] : ' ') ||
+            ft::run_command(line.data()) == -1) {
             std::puts("FAIL\nft: Err setting mode of Tx/Rx antenna");
             return -1;
         }
