@@ -56,11 +56,9 @@ void network_show(const Phone&, std::string& out) {
         const Port& p = s.ports[static_cast<std::size_t>(i)];
         const Cable c = cable(i);
         const Link l = resolve(p, c);
-        char id[8];
-        std::snprintf(id, sizeof id, "0x%x", static_cast<unsigned>(kPortIds[static_cast<std::size_t>(i)]));
-        std::string line = "switch " + std::string(kPortNames[static_cast<std::size_t>(i)]) + " (" + id +
-                           "): configured " + mode_text(p.mode) + ", actual " + mode_text(l.actual) + ", link " +
-                           status_text(l.status);
+        std::string line = "switch " + std::string(kPortNames[static_cast<std::size_t>(i)]) + " (" +
+                           hex(kPortIds[static_cast<std::size_t>(i)]) + "): configured " + mode_text(p.mode) +
+                           ", actual " + mode_text(l.actual) + ", link " + status_text(l.status);
         line += p.test_mode ? ", test mode " + std::to_string(p.test_mode) : ", no test mode";
         if (i != kCpu)
             line += "; cable: " + (c.partner ? "partner " + std::to_string(c.partner) : std::string("nothing")) +

@@ -133,12 +133,6 @@ int reported(const std::string& kind, const std::string& arg, const std::string&
     return ftsim::set_observed("switch.report", kind + " " + arg + " marker=" + marker) ? 0 : -1;
 }
 
-std::string hex(std::int32_t v) {
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%x", static_cast<unsigned>(v));
-    return text;
-}
-
 // The one VLAN the switch comes with: every port a member, untagged.
 struct Vlan {
     int vid;

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <charconv>
+#include <cstdio>
 #include <cstdlib>
 #include <vector>
 
@@ -14,6 +15,12 @@ std::optional<int> port_index(std::int32_t id) {
     for (int i = 0; i < kPortCount; ++i)
         if (kPortIds[static_cast<std::size_t>(i)] == id) return i;
     return std::nullopt;
+}
+
+std::string hex(std::int32_t id) {
+    char text[16];
+    std::snprintf(text, sizeof text, "0x%x", static_cast<unsigned>(id));
+    return text;
 }
 
 Switch factory_switch() {

@@ -25,6 +25,8 @@ inline constexpr std::array<const char*, kPortCount> kPortKeys{"pc", "lan", "cpu
 
 // Port index of a single-port identifier.
 std::optional<int> port_index(std::int32_t id);
+// A port identifier as the reports and ftsim write it ("0x400").
+std::string hex(std::int32_t id);
 
 // The port counters, in the order the counter report prints them.
 inline constexpr std::array<const char*, 6> kCounterNames{
