@@ -1,8 +1,6 @@
 // The USB stick and port, the camera and the handset cradle at power-up, and
 // their lines in `ftsim show`. (The /cache partition's condition is honoured
 // where the persistent places are bound.)
-#include <cerrno>
-#include <cstring>
 #include <string>
 
 #include "sim/core/ftsim/ftsim.h"
@@ -13,7 +11,7 @@ namespace ftsim {
 namespace {
 
 bool failed(std::string& error, const std::string& what) {
-    error = "cannot " + what + ": " + std::strerror(errno);
+    error = explain("cannot " + what);
     return false;
 }
 
