@@ -9,6 +9,7 @@
 // must show up as a missing control, as on the phone.
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -66,5 +67,29 @@ const SampleFormat* find_format(std::string_view name);
 // "S16_LE 1ch 8000Hz"
 std::string format_text(const SampleFormat& f, unsigned channels, unsigned rate);
 bool parse_format_text(std::string_view text, const SampleFormat*& f, unsigned& channels, unsigned& rate);
+
+// @p v as @p bytes bytes, least significant first.
+inline void put_le(std::string& out, std::uint32_t v, int bytes) {
+    for (int i = 0; i < bytes; ++i) out += static_cast<char>((v >> (8 * i)) & 0xFF);
+}
+
+// A RIFF WAVE file of integer samples around @p data, whose frames are
+// @p block bytes of @p channels samples of @p bits bits each.
+inline std::string wav_file(unsigned channels, unsigned rate, unsigned block, unsigned bits, std::string_view data) {
+    std::string wav = "RIFF";
+    put_le(wav, static_cast<std::uint32_t>(36 + data.size()), 4);
+    wav += "WAVEfmt ";
+    put_le(wav, 16, 4);
+    put_le(wav, 1, 2);  // integer samples
+    put_le(wav, channels, 2);
+    put_le(wav, rate, 4);
+    put_le(wav, rate * block, 4);
+    put_le(wav, block, 2);
+    put_le(wav, bits, 2);
+    wav += "data";
+    put_le(wav, static_cast<std::uint32_t>(data.size()), 4);
+    wav += data;
+    return wav;
+}
 
 }  // namespace ftsim::audio

@@ -4,7 +4,6 @@
 // controls, and the routes they make in `ftsim show`.
 #include <array>
 #include <cerrno>
-#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -177,10 +176,6 @@ int verb_mixer(const Phone&, const Args& args) {
     return 0;
 }
 
-void put_le(std::string& out, std::uint32_t v, int bytes) {
-    for (int i = 0; i < bytes; ++i) out += static_cast<char>((v >> (8 * i)) & 0xFF);
-}
-
 // What PCM device 5 played since it was last opened: its format, and its
 // frames up to the device's limit (the file is the phone's to write).
 bool read_recording(const codec::SampleFormat*& format, unsigned& channels, unsigned& rate, std::string& data) {
@@ -259,20 +254,7 @@ int verb_audio(const Phone& phone, const Args& args) {
     unsigned channels = 0, rate = 0;
     std::string data;
     if (!read_recording(format, channels, rate, data)) return 1;
-    const unsigned block = channels * format->bytes;
-    std::string wav = "RIFF";
-    put_le(wav, static_cast<std::uint32_t>(36 + data.size()), 4);
-    wav += "WAVEfmt ";
-    put_le(wav, 16, 4);
-    put_le(wav, 1, 2);  // integer samples
-    put_le(wav, channels, 2);
-    put_le(wav, rate, 4);
-    put_le(wav, rate * block, 4);
-    put_le(wav, block, 2);
-    put_le(wav, format->bits, 2);
-    wav += "data";
-    put_le(wav, static_cast<std::uint32_t>(data.size()), 4);
-    wav += data;
+    const std::string wav = codec::wav_file(channels, rate, channels * format->bytes, format->bits, data);
     ft::UniqueFile out(std::fopen(args[0].c_str(), "wb"));
     if (!out.valid() || std::fwrite(wav.data(), 1, wav.size(), out.get()) != wav.size() ||
         std::fclose(out.release()) != 0)
