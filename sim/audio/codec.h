@@ -53,6 +53,9 @@ std::string reset_mixer(const std::vector<std::string>& missing);
 // Reads a state file. False when a line is not one of the codec's controls
 // in the file's layout (the phone's programs can write the file).
 bool parse_mixer(std::string_view text, std::vector<ControlState>& out);
+// The state of the control named @p name, or null when the codec lacks it.
+ControlState* find_state(std::vector<ControlState>& states, std::string_view name);
+const ControlState* find_state(const std::vector<ControlState>& states, std::string_view name);
 
 // Sample formats of the PCM device, by the library's enum values.
 struct SampleFormat {
@@ -63,6 +66,11 @@ struct SampleFormat {
 };
 const SampleFormat* find_format(int value);
 const SampleFormat* find_format(std::string_view name);
+
+// How many bytes of a stream the device keeps: kRecordSeconds of it.
+inline std::uint64_t record_bytes(const SampleFormat& f, unsigned channels, unsigned rate) {
+    return std::uint64_t{kRecordSeconds} * rate * channels * f.bytes;
+}
 
 // "S16_LE 1ch 8000Hz"
 std::string format_text(const SampleFormat& f, unsigned channels, unsigned rate);

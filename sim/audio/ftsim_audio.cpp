@@ -139,24 +139,26 @@ bool switched_on(const codec::ControlState& s) {
     return s.control->max == 1 && (s.value[0] != 0 || s.value[1] != 0);
 }
 
+int no_control(const std::string& name) {
+    return fail("the codec has no control named '" + name + "'; 'ftsim mixer' lists them", 1);
+}
+
 // Sets a control as another program of the phone could, to see what the
 // shell's commands do to a codec that is not in its reset state.
 int set_mixer(std::vector<codec::ControlState>& states, const Args& args) {
-    for (codec::ControlState& s : states) {
-        if (args[0] != s.control->name) continue;
-        if (args.size() - 1 != s.control->values)
-            return fail(args[0] + " has " + std::to_string(s.control->values) + " value(s)");
-        for (unsigned i = 0; i < s.control->values; ++i) {
-            long v = 0;
-            if (!parse_long(args[1 + i], 0, s.control->max, v))
-                return fail(args[0] + " takes values from 0 to " + std::to_string(s.control->max));
-            s.value[i] = static_cast<int>(v);
-        }
-        std::string text;
-        for (const codec::ControlState& c : states) text += codec::mixer_line(*c.control, c.value);
-        return write_atomic(codec::kMixerFile, text) ? 0 : fail(explain("cannot write the codec's mixer"), 1);
+    codec::ControlState* s = codec::find_state(states, args[0]);
+    if (s == nullptr) return no_control(args[0]);
+    if (args.size() - 1 != s->control->values)
+        return fail(args[0] + " has " + std::to_string(s->control->values) + " value(s)");
+    for (unsigned i = 0; i < s->control->values; ++i) {
+        long v = 0;
+        if (!parse_long(args[1 + i], 0, s->control->max, v))
+            return fail(args[0] + " takes values from 0 to " + std::to_string(s->control->max));
+        s->value[i] = static_cast<int>(v);
     }
-    return fail("the codec has no control named '" + args[0] + "'; 'ftsim mixer' lists them", 1);
+    std::string text;
+    for (const codec::ControlState& c : states) text += codec::mixer_line(*c.control, c.value);
+    return write_atomic(codec::kMixerFile, text) ? 0 : fail(explain("cannot write the codec's mixer"), 1);
 }
 
 int verb_mixer(const Phone&, const Args& args) {
@@ -165,14 +167,14 @@ int verb_mixer(const Phone&, const Args& args) {
     if (!read_mixer(states)) return 1;
     if (args.size() >= 2) return set_mixer(states, args);
     const bool on = !args.empty() && args[0] == "--on";
-    for (const codec::ControlState& s : states) {
-        if (args.empty() || (on && switched_on(s))) std::printf("%s: %s\n", s.control->name, values_text(s).c_str());
-        else if (!on && args[0] == s.control->name) {
-            std::printf("%s\n", values_text(s).c_str());
-            return 0;
-        }
+    if (!args.empty() && !on) {
+        const codec::ControlState* s = codec::find_state(states, args[0]);
+        if (s == nullptr) return no_control(args[0]);
+        std::printf("%s\n", values_text(*s).c_str());
+        return 0;
     }
-    if (!args.empty() && !on) return fail("the codec has no control named '" + args[0] + "'; 'ftsim mixer' lists them", 1);
+    for (const codec::ControlState& s : states)
+        if (!on || switched_on(s)) std::printf("%s: %s\n", s.control->name, values_text(s).c_str());
     return 0;
 }
 
@@ -186,7 +188,7 @@ bool read_recording(const codec::SampleFormat*& format, unsigned& channels, unsi
     }
     if (!codec::parse_format_text(text, format, channels, rate))
         return refuse("the format of PCM device 5 was changed from inside the phone");
-    const std::size_t limit = std::size_t{codec::kRecordSeconds} * rate * channels * format->bytes;
+    const std::size_t limit = codec::record_bytes(*format, channels, rate);
     ft::UniqueFd fd = hw().open_at(codec::kPcmDataFile, O_RDONLY, Type::File);
     if (!fd.valid()) return refuse(explain("cannot read what PCM device 5 played"));
     data.resize(limit);
@@ -294,14 +296,12 @@ class Mixer {
 public:
     explicit Mixer(const std::vector<codec::ControlState>& s) : states_(s) {}
     int value(const std::string& name, unsigned i = 0) const {
-        for (const codec::ControlState& s : states_)
-            if (name == s.control->name) return i < s.control->values ? s.value[i] : 0;
-        return 0;
+        const codec::ControlState* s = codec::find_state(states_, name);
+        return s != nullptr && i < s->control->values ? s->value[i] : 0;
     }
     std::string text(const std::string& name) const {
-        for (const codec::ControlState& s : states_)
-            if (name == s.control->name) return values_text(s);
-        return "(none)";
+        const codec::ControlState* s = codec::find_state(states_, name);
+        return s != nullptr ? values_text(*s) : "(none)";
     }
 
 private:

@@ -160,7 +160,7 @@ extern "C" pcm* pcm_open(unsigned int card, unsigned int device, unsigned int fl
     p->start_frames = config->start_threshold == 0 || config->start_threshold > p->buffer_frames
                           ? p->buffer_frames
                           : config->start_threshold;
-    p->record_limit = std::uint64_t{codec::kRecordSeconds} * p->rate * p->channels * format->bytes;
+    p->record_limit = codec::record_bytes(*format, p->channels, p->rate);
     p->lock = std::move(lock);
     p->data = hw.open_at(codec::kPcmDataFile, O_WRONLY | O_CREAT | O_TRUNC, ftsim::Type::File);
     const std::string text = codec::format_text(*format, p->channels, p->rate);
