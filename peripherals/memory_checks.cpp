@@ -28,15 +28,6 @@ constexpr std::size_t kChunkBytes = kChunkWords * kWordBytes;
 
 constexpr Word spread(unsigned char byte) { return 0x0101010101010101ULL * byte; }
 
-// The optimiser must take the block as whatever the memory holds: it may know
-// that a zeroing allocator produced it, or what an earlier pass stored, and
-// would then drop the very reads that look for a fault.
-template <typename T>
-T* opaque(T* p) noexcept {
-    asm volatile("" : "+r"(p) : : "memory");
-    return p;
-}
-
 std::size_t bytes_to_alignment(const unsigned char* p, std::size_t n) noexcept {
     const std::size_t misalignment = reinterpret_cast<std::uintptr_t>(p) % kWordBytes;
     const std::size_t head = misalignment == 0 ? 0 : kWordBytes - misalignment;
