@@ -22,6 +22,8 @@ inline constexpr std::array<const char*, 5> in_mixer_switch{
     "Right PGA Mixer Mic3L Switch",   // 3.5 mm headset
     "Right PGA Mixer Mic3R Switch",
 };
+// How many inputs the commands take by number.
+inline constexpr unsigned kInputs = in_mixer_switch.size() - 1;
 
 // Name prefixes of the output mixers, by output number; the fifth is the
 // second mixer of output 3.
@@ -55,6 +57,8 @@ inline constexpr std::array<const char*, 4> playback{
     "HP Playback Switch",
 };
 inline constexpr unsigned kMonoOutput = 1;
+// How many outputs the commands take by number.
+inline constexpr unsigned kOutputs = playback.size();
 
 // Volumes set at start-up; the first is also the +20 dB gain's.
 inline constexpr std::array<const char*, 23> vol_ctrl{

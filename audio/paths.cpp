@@ -19,7 +19,6 @@ namespace {
 constexpr int kPcmStartLevel = 100;
 constexpr int kPcmGainLevel = 127;
 constexpr int kAnalogueLevel = 118;
-constexpr unsigned kDevices = 4;
 
 constexpr const char* kAmpEnable = "/sys/class/audio_ports_ctl/wired_handset/amp_enable";
 constexpr const char* kAmpGain = "/sys/class/audio_ports_ctl/wired_handset/amp_gain";
@@ -78,7 +77,7 @@ int audio_loop(const char* action, const char* input, const char* output) {
         // Taken as unsigned, so that negative numbers are out of range too.
         const auto in = static_cast<unsigned>(ft::word_to_int(input));
         const auto out = static_cast<unsigned>(ft::word_to_int(output));
-        if (input[0] == '\0' || output[0] == '\0' || in >= kDevices || out >= kDevices) {
+        if (input[0] == '\0' || output[0] == '\0' || in >= kInputs || out >= kOutputs) {
             std::puts("<input> and <output> must contain valid values (0, 1, 2 or 3)");
             return -1;
         }

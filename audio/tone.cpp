@@ -30,7 +30,6 @@ constexpr unsigned kToneDevice = 5;
 constexpr unsigned kPeriodSize = 160;
 constexpr unsigned kPeriodCount = 4;
 constexpr long kRiffHeaderSize = 12;
-constexpr unsigned kOutputs = 4;
 
 constexpr const char* kBadAction = "<action> must contain valid values (0 or 1)";
 constexpr const char* kBadOutput = "<output> must contain valid values (0, 1, 2 or 3)";

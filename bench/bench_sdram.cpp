@@ -20,11 +20,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-template <typename T>
-T* opaque(T* p) {
-    asm volatile("" : "+r"(p) : : "memory");
-    return p;
-}
+using ft::memory::opaque;
 
 std::uint64_t read_all(const unsigned char* p, std::size_t n) {
     using Word = std::uint64_t __attribute__((may_alias));

@@ -5,6 +5,7 @@
 // call's errno after its handles are gone, not the close's.
 #include <cerrno>
 #include <cstdio>
+#include <dirent.h>
 #include <sys/mman.h>
 #include <unistd.h>
 #include <utility>
@@ -51,6 +52,12 @@ struct FileTraits {
     static void close(FILE* f) noexcept { std::fclose(f); }
 };
 using UniqueFile = UniqueHandle<FILE*, FileTraits>;
+
+struct DirTraits {
+    static DIR* invalid() noexcept { return nullptr; }
+    static void close(DIR* d) noexcept { closedir(d); }
+};
+using UniqueDir = UniqueHandle<DIR*, DirTraits>;
 
 // A mapping knows its length, so it cannot use the plain template.
 class UniqueMapping {

@@ -6,7 +6,6 @@
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -18,8 +17,6 @@
 
 namespace ft::input {
 namespace {
-
-using UniqueDir = std::unique_ptr<DIR, int (*)(DIR*)>;
 
 // True when the device behind @p fd reports @p wanted as its name; prints the
 // member's message when it cannot tell.
@@ -39,8 +36,8 @@ bool has_name(const Monitor& m, int fd, const char* wanted) {
 
 // The open descriptor of the first matching device, or an invalid one.
 ft::UniqueFd find_device(const Monitor& m, const char* dir, const char* wanted) {
-    UniqueDir d(opendir(dir), closedir);
-    if (!d) return {};
+    ft::UniqueDir d(opendir(dir));
+    if (!d.valid()) return {};
     while (const dirent* e = readdir(d.get())) {
         int n = 0;
         if (std::sscanf(e->d_name, "event%d", &n) != 1) continue;

@@ -96,6 +96,33 @@ constexpr std::array<int (*)(), 4> kCameraActions{detect, start_app, take_pictur
 // Indexed by the library's connection state.
 constexpr std::array<const char*, 2> kCradleStates{"disconnected", "connected"};
 
+// Prints why the cradle test fails, or the state for action 0.
+bool cradle_passes(const char* action) {
+    if (!ft::word_is_one_of(action, {"0", "1", "2"})) {
+        std::printf("Invalid <action>=\"%s\"\n", action);
+        return false;
+    }
+    int state = -1;
+    if (BTHandsetCradle_IsConnected(&state) != 0) {
+        std::puts("Failed to get the connection state of the BT handset cradle");
+        return false;
+    }
+    if (state != 0 && state != 1) {
+        std::puts("Cradle state undefined");
+        return false;
+    }
+    // Reporting the state is the whole of action 0: both states pass.
+    if (ft::word_is(action, "0")) {
+        std::puts(kCradleStates[static_cast<std::size_t>(state)]);
+        return true;
+    }
+    if (state != 1) {
+        std::printf("Cradle is %s\n", kCradleStates[0]);
+        return false;
+    }
+    return BTHandsetCharger_SetState(ft::word_is(action, "1") ? 1 : 0) == 0;
+}
+
 }  // namespace
 
 int cameraInit() {
@@ -117,37 +144,8 @@ int cameraExit() {
 }
 
 int cameraAction(const char* action) {
-    if (action == nullptr || action[0] < '0' || action[0] > '3' || action[1] != '\0') return verdict(false);
+    if (!ft::word_is_one_of(action, {"0", "1", "2", "3"})) return verdict(false);
     return kCameraActions[static_cast<std::size_t>(action[0] - '0')]();
 }
 
-void cradleTest(const char* action) {
-    if (!ft::word_is_one_of(action, {"0", "1", "2"})) {
-        std::printf("Invalid <action>=\"%s\"\n", action);
-        verdict(false);
-        return;
-    }
-    int state = -1;
-    if (BTHandsetCradle_IsConnected(&state) != 0) {
-        std::puts("Failed to get the connection state of the BT handset cradle");
-        verdict(false);
-        return;
-    }
-    if (state != 0 && state != 1) {
-        std::puts("Cradle state undefined");
-        verdict(false);
-        return;
-    }
-    // Reporting the state is the whole of action 0: both states pass.
-    if (ft::word_is(action, "0")) {
-        std::puts(kCradleStates[static_cast<std::size_t>(state)]);
-        verdict(true);
-        return;
-    }
-    if (state != 1) {
-        std::printf("Cradle is %s\n", kCradleStates[0]);
-        verdict(false);
-        return;
-    }
-    verdict(BTHandsetCharger_SetState(ft::word_is(action, "1") ? 1 : 0) == 0);
-}
+void cradleTest(const char* action) { verdict(cradle_passes(action)); }

@@ -66,7 +66,7 @@ int sdram(const char* type) {
         return -1;
     }
     // atoi reads a word without digits as 0 too; only a real 0 asks for the short test.
-    if (number == 0 && (type == nullptr || type[0] != '0')) {
+    if (number == 0 && type[0] != '0') {
         std::puts("FAIL. Invalid parameter.");
         return -1;
     }

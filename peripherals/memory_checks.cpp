@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <type_traits>
 
 namespace ft::memory {
 
@@ -27,58 +28,41 @@ constexpr std::size_t kChunkBytes = kChunkWords * kWordBytes;
 
 constexpr Word spread(unsigned char byte) { return 0x0101010101010101ULL * byte; }
 
-// The optimiser must take the block as whatever the memory holds: it may know
-// that a zeroing allocator produced it, or what an earlier pass stored, and
-// would then drop the very reads that look for a fault.
-template <typename T>
-T* opaque(T* p) noexcept {
-    asm volatile("" : "+r"(p) : : "memory");
-    return p;
-}
-
 std::size_t bytes_to_alignment(const unsigned char* p, std::size_t n) noexcept {
     const std::size_t misalignment = reinterpret_cast<std::uintptr_t>(p) % kWordBytes;
     const std::size_t head = misalignment == 0 ? 0 : kWordBytes - misalignment;
     return head < n ? head : n;
 }
 
-bool all_hold(const unsigned char* p, std::size_t n, unsigned char value) noexcept {
-    const std::size_t head = bytes_to_alignment(p, n);
-    for (std::size_t i = 0; i < head; ++i)
-        if (p[i] != value) return false;
-    p += head;
-    n -= head;
-    const Word expected = spread(value);
-    for (; n >= kChunkBytes; n -= kChunkBytes, p += kChunkBytes) {
-        const Word* w = reinterpret_cast<const Word*>(p);
-        Word differs = 0;
-        for (std::size_t i = 0; i < kChunkWords; ++i) differs |= w[i] ^ expected;
-        if (differs != 0) return false;
-    }
-    for (std::size_t i = 0; i < n; ++i)
-        if (p[i] != value) return false;
-    return true;
-}
+template <bool Write>
+using Bytes = std::conditional_t<Write, unsigned char*, const unsigned char*>;
 
-bool check_and_write(unsigned char* p, std::size_t n, unsigned char previous, unsigned char next) noexcept {
+// Bytes up to the first aligned word, whole chunks, then the bytes left: each
+// must hold @p previous; with Write, each then receives @p next, a chunk only
+// once the whole of it was checked.
+template <bool Write>
+bool walk(Bytes<Write> p, std::size_t n, unsigned char previous, unsigned char next) noexcept {
     const std::size_t head = bytes_to_alignment(p, n);
     for (std::size_t i = 0; i < head; ++i) {
         if (p[i] != previous) return false;
-        p[i] = next;
+        if constexpr (Write) p[i] = next;
     }
     p += head;
     n -= head;
     const Word was = spread(previous), now = spread(next);
     for (; n >= kChunkBytes; n -= kChunkBytes, p += kChunkBytes) {
-        Word* w = reinterpret_cast<Word*>(p);
+        const Word* w = reinterpret_cast<const Word*>(p);
         Word differs = 0;
         for (std::size_t i = 0; i < kChunkWords; ++i) differs |= w[i] ^ was;
         if (differs != 0) return false;
-        for (std::size_t i = 0; i < kChunkWords; ++i) w[i] = now;
+        if constexpr (Write) {
+            Word* out = reinterpret_cast<Word*>(p);
+            for (std::size_t i = 0; i < kChunkWords; ++i) out[i] = now;
+        }
     }
     for (std::size_t i = 0; i < n; ++i) {
         if (p[i] != previous) return false;
-        p[i] = next;
+        if constexpr (Write) p[i] = next;
     }
     return true;
 }
@@ -87,14 +71,14 @@ bool check_and_write(unsigned char* p, std::size_t n, unsigned char previous, un
 
 bool zero_check(std::span<const unsigned char> block) noexcept {
     if (block.size() < 2) return true;
-    return all_hold(opaque(block.data()) + 1, block.size() - 1, 0x00);
+    return walk<false>(opaque(block.data()) + 1, block.size() - 1, 0x00, 0x00);
 }
 
 bool pattern_pass(std::span<unsigned char> block, unsigned char previous, unsigned char next) noexcept {
     if (block.empty()) return true;
     unsigned char* p = opaque(block.data());
     p[0] = next;
-    return check_and_write(p + 1, block.size() - 1, previous, next);
+    return walk<true>(p + 1, block.size() - 1, previous, next);
 }
 
 bool long_passes(std::span<unsigned char> a, std::span<const unsigned char> b) noexcept {

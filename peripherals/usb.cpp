@@ -39,19 +39,13 @@ constexpr std::size_t kDeviceLetter = std::string_view(kDeviceTemplate).find(' '
 constexpr std::size_t kBlockBytes = 512;
 constexpr std::size_t kBlocksPerPass = 2048;
 
-struct DirTraits {
-    static DIR* invalid() noexcept { return nullptr; }
-    static void close(DIR* d) noexcept { closedir(d); }
-};
-using UniqueDir = ft::UniqueHandle<DIR*, DirTraits>;
-
 // What a run of usbrw holds, so that clean_up can undo it in reverse order
 // whichever way the run ends, and forget it for the next run.
 std::atomic<bool> g_abort{false};  // set by the interrupt handler only
 static_assert(std::atomic<bool>::is_always_lock_free, "the interrupt handler sets it");
 bool g_mounted = false;
 bool g_mount_point = false;
-UniqueDir g_dir;
+ft::UniqueDir g_dir;
 ft::UniqueFile g_file;
 
 // The test notices the flag between blocks; the handler only notes the request.
@@ -249,7 +243,7 @@ constexpr std::array<UsbCommand, 3> kUsbCommands{{
 }  // namespace
 
 int usblist() {
-    UniqueDir hosts(opendir(kScsiHosts));
+    ft::UniqueDir hosts(opendir(kScsiHosts));
     if (!hosts.valid()) {
         std::printf("FAIL to open dir %s.\n", kScsiHosts);
         return -1;

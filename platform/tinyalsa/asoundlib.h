@@ -75,15 +75,11 @@ struct mixer_ctl;
 
 /** The mixer of sound card @p card, or null when the card has none. */
 struct mixer* mixer_open(unsigned int card);
-/** Releases a mixer from mixer_open and every control taken from it. */
-void mixer_close(struct mixer* mixer);
 /** The control named exactly @p name, or null when the card has none of that
- * name. Valid until mixer_close. */
+ * name. Valid as long as its mixer. */
 struct mixer_ctl* mixer_get_ctl_by_name(struct mixer* mixer, const char* name);
 /** How many values the control holds (2 for a stereo control, 1 for a mono one). */
 unsigned int mixer_ctl_get_num_values(struct mixer_ctl* ctl);
-/** Value @p id of the control. */
-int mixer_ctl_get_value(struct mixer_ctl* ctl, unsigned int id);
 /** Sets value @p id of the control to @p value. 0 on success; -EINVAL for an
  * @p id the control does not have; -1 with errno EINVAL for a value outside
  * the control's range. */

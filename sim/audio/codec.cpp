@@ -1,6 +1,7 @@
 #include "sim/audio/codec.h"
 
 #include <cstdio>
+#include <utility>
 
 namespace ftsim::audio {
 
@@ -148,6 +149,17 @@ bool parse_mixer(std::string_view text, std::vector<ControlState>& out) {
         pos = end + 1;
     }
     return true;
+}
+
+const ControlState* find_state(const std::vector<ControlState>& states, std::string_view name) {
+    for (const ControlState& s : states)
+        if (name == s.control->name) return &s;
+    return nullptr;
+}
+
+ControlState* find_state(std::vector<ControlState>& states, std::string_view name) {
+    // The states are the caller's to change.
+    return const_cast<ControlState*>(find_state(std::as_const(states), name));
 }
 
 const SampleFormat* find_format(int value) {

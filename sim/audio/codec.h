@@ -9,6 +9,7 @@
 // must show up as a missing control, as on the phone.
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,7 +31,24 @@ constexpr const char* kMixerFile = "audio/mixer";
 constexpr const char* kPcmFormatFile = "audio/pcm5.format";  // "S16_LE 1ch 8000Hz" of the last open
 constexpr const char* kPcmDataFile = "audio/pcm5.raw";       // every frame written since that open
 constexpr const char* kPcmLockFile = "audio/pcm5.lock";      // held while the device is open
-constexpr const char* kAmpDir = "sys/class/audio_ports_ctl/wired_handset";
+
+// The handset amplifier's sysfs files, and their paths.
+inline constexpr char kAmpDir[] = "sys/class/audio_ports_ctl/wired_handset";
+inline constexpr char kAmpEnable[] = "amp_enable";
+inline constexpr char kAmpGain[] = "amp_gain";
+
+// "DIR/FILE" at compile time, so that the settings' rows can point at it.
+template <std::size_t D, std::size_t F>
+constexpr std::array<char, D + F> join_path(const char (&dir)[D], const char (&file)[F]) {
+    std::array<char, D + F> path{};
+    std::size_t n = 0;
+    for (std::size_t i = 0; i + 1 < D; ++i) path[n++] = dir[i];
+    path[n++] = '/';
+    for (std::size_t i = 0; i < F; ++i) path[n++] = file[i];
+    return path;
+}
+inline constexpr auto kAmpEnableFile = join_path(kAmpDir, kAmpEnable);
+inline constexpr auto kAmpGainFile = join_path(kAmpDir, kAmpGain);
 
 // The device keeps at most this much of what it played.
 constexpr unsigned kRecordSeconds = 60;
@@ -52,6 +70,9 @@ std::string reset_mixer(const std::vector<std::string>& missing);
 // Reads a state file. False when a line is not one of the codec's controls
 // in the file's layout (the phone's programs can write the file).
 bool parse_mixer(std::string_view text, std::vector<ControlState>& out);
+// The state of the control named @p name, or null when the codec lacks it.
+ControlState* find_state(std::vector<ControlState>& states, std::string_view name);
+const ControlState* find_state(const std::vector<ControlState>& states, std::string_view name);
 
 // Sample formats of the PCM device, by the library's enum values.
 struct SampleFormat {
@@ -63,8 +84,37 @@ struct SampleFormat {
 const SampleFormat* find_format(int value);
 const SampleFormat* find_format(std::string_view name);
 
+// How many bytes of a stream the device keeps: kRecordSeconds of it.
+inline std::uint64_t record_bytes(const SampleFormat& f, unsigned channels, unsigned rate) {
+    return std::uint64_t{kRecordSeconds} * rate * channels * f.bytes;
+}
+
 // "S16_LE 1ch 8000Hz"
 std::string format_text(const SampleFormat& f, unsigned channels, unsigned rate);
 bool parse_format_text(std::string_view text, const SampleFormat*& f, unsigned& channels, unsigned& rate);
+
+// @p v as @p bytes bytes, least significant first.
+inline void put_le(std::string& out, std::uint32_t v, int bytes) {
+    for (int i = 0; i < bytes; ++i) out += static_cast<char>((v >> (8 * i)) & 0xFF);
+}
+
+// A RIFF WAVE file of integer samples around @p data, whose frames are
+// @p block bytes of @p channels samples of @p bits bits each.
+inline std::string wav_file(unsigned channels, unsigned rate, unsigned block, unsigned bits, std::string_view data) {
+    std::string wav = "RIFF";
+    put_le(wav, static_cast<std::uint32_t>(36 + data.size()), 4);
+    wav += "WAVEfmt ";
+    put_le(wav, 16, 4);
+    put_le(wav, 1, 2);  // integer samples
+    put_le(wav, channels, 2);
+    put_le(wav, rate, 4);
+    put_le(wav, rate * block, 4);
+    put_le(wav, block, 2);
+    put_le(wav, bits, 2);
+    wav += "data";
+    put_le(wav, static_cast<std::uint32_t>(data.size()), 4);
+    wav += data;
+    return wav;
+}
 
 }  // namespace ftsim::audio

@@ -4,7 +4,6 @@
 // controls, and the routes they make in `ftsim show`.
 #include <array>
 #include <cerrno>
-#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -63,7 +62,7 @@ bool audio_power_up(const Phone&, PowerUp& up, std::string& error) {
         error = explain("cannot lay out the codec's mixer");
         return false;
     }
-    for (const char* file : {"amp_enable", "amp_gain"}) {
+    for (const char* file : {codec::kAmpEnable, codec::kAmpGain}) {
         if (!dir.write_atomic(std::string(codec::kAmpDir) + "/" + file, "0\n")) {
             error = explain(std::string("cannot make the amplifier's ") + file);
             return false;
@@ -140,24 +139,26 @@ bool switched_on(const codec::ControlState& s) {
     return s.control->max == 1 && (s.value[0] != 0 || s.value[1] != 0);
 }
 
+int no_control(const std::string& name) {
+    return fail("the codec has no control named '" + name + "'; 'ftsim mixer' lists them", 1);
+}
+
 // Sets a control as another program of the phone could, to see what the
 // shell's commands do to a codec that is not in its reset state.
 int set_mixer(std::vector<codec::ControlState>& states, const Args& args) {
-    for (codec::ControlState& s : states) {
-        if (args[0] != s.control->name) continue;
-        if (args.size() - 1 != s.control->values)
-            return fail(args[0] + " has " + std::to_string(s.control->values) + " value(s)");
-        for (unsigned i = 0; i < s.control->values; ++i) {
-            long v = 0;
-            if (!parse_long(args[1 + i], 0, s.control->max, v))
-                return fail(args[0] + " takes values from 0 to " + std::to_string(s.control->max));
-            s.value[i] = static_cast<int>(v);
-        }
-        std::string text;
-        for (const codec::ControlState& c : states) text += codec::mixer_line(*c.control, c.value);
-        return write_atomic(codec::kMixerFile, text) ? 0 : fail(explain("cannot write the codec's mixer"), 1);
+    codec::ControlState* s = codec::find_state(states, args[0]);
+    if (s == nullptr) return no_control(args[0]);
+    if (args.size() - 1 != s->control->values)
+        return fail(args[0] + " has " + std::to_string(s->control->values) + " value(s)");
+    for (unsigned i = 0; i < s->control->values; ++i) {
+        long v = 0;
+        if (!parse_long(args[1 + i], 0, s->control->max, v))
+            return fail(args[0] + " takes values from 0 to " + std::to_string(s->control->max));
+        s->value[i] = static_cast<int>(v);
     }
-    return fail("the codec has no control named '" + args[0] + "'; 'ftsim mixer' lists them", 1);
+    std::string text;
+    for (const codec::ControlState& c : states) text += codec::mixer_line(*c.control, c.value);
+    return write_atomic(codec::kMixerFile, text) ? 0 : fail(explain("cannot write the codec's mixer"), 1);
 }
 
 int verb_mixer(const Phone&, const Args& args) {
@@ -166,19 +167,15 @@ int verb_mixer(const Phone&, const Args& args) {
     if (!read_mixer(states)) return 1;
     if (args.size() >= 2) return set_mixer(states, args);
     const bool on = !args.empty() && args[0] == "--on";
-    for (const codec::ControlState& s : states) {
-        if (args.empty() || (on && switched_on(s))) std::printf("%s: %s\n", s.control->name, values_text(s).c_str());
-        else if (!on && args[0] == s.control->name) {
-            std::printf("%s\n", values_text(s).c_str());
-            return 0;
-        }
+    if (!args.empty() && !on) {
+        const codec::ControlState* s = codec::find_state(states, args[0]);
+        if (s == nullptr) return no_control(args[0]);
+        std::printf("%s\n", values_text(*s).c_str());
+        return 0;
     }
-    if (!args.empty() && !on) return fail("the codec has no control named '" + args[0] + "'; 'ftsim mixer' lists them", 1);
+    for (const codec::ControlState& s : states)
+        if (!on || switched_on(s)) std::printf("%s: %s\n", s.control->name, values_text(s).c_str());
     return 0;
-}
-
-void put_le(std::string& out, std::uint32_t v, int bytes) {
-    for (int i = 0; i < bytes; ++i) out += static_cast<char>((v >> (8 * i)) & 0xFF);
 }
 
 // What PCM device 5 played since it was last opened: its format, and its
@@ -191,7 +188,7 @@ bool read_recording(const codec::SampleFormat*& format, unsigned& channels, unsi
     }
     if (!codec::parse_format_text(text, format, channels, rate))
         return refuse("the format of PCM device 5 was changed from inside the phone");
-    const std::size_t limit = std::size_t{codec::kRecordSeconds} * rate * channels * format->bytes;
+    const std::size_t limit = codec::record_bytes(*format, channels, rate);
     ft::UniqueFd fd = hw().open_at(codec::kPcmDataFile, O_RDONLY, Type::File);
     if (!fd.valid()) return refuse(explain("cannot read what PCM device 5 played"));
     data.resize(limit);
@@ -259,20 +256,7 @@ int verb_audio(const Phone& phone, const Args& args) {
     unsigned channels = 0, rate = 0;
     std::string data;
     if (!read_recording(format, channels, rate, data)) return 1;
-    const unsigned block = channels * format->bytes;
-    std::string wav = "RIFF";
-    put_le(wav, static_cast<std::uint32_t>(36 + data.size()), 4);
-    wav += "WAVEfmt ";
-    put_le(wav, 16, 4);
-    put_le(wav, 1, 2);  // integer samples
-    put_le(wav, channels, 2);
-    put_le(wav, rate, 4);
-    put_le(wav, rate * block, 4);
-    put_le(wav, block, 2);
-    put_le(wav, format->bits, 2);
-    wav += "data";
-    put_le(wav, static_cast<std::uint32_t>(data.size()), 4);
-    wav += data;
+    const std::string wav = codec::wav_file(channels, rate, channels * format->bytes, format->bits, data);
     ft::UniqueFile out(std::fopen(args[0].c_str(), "wb"));
     if (!out.valid() || std::fwrite(wav.data(), 1, wav.size(), out.get()) != wav.size() ||
         std::fclose(out.release()) != 0)
@@ -312,14 +296,12 @@ class Mixer {
 public:
     explicit Mixer(const std::vector<codec::ControlState>& s) : states_(s) {}
     int value(const std::string& name, unsigned i = 0) const {
-        for (const codec::ControlState& s : states_)
-            if (name == s.control->name) return i < s.control->values ? s.value[i] : 0;
-        return 0;
+        const codec::ControlState* s = codec::find_state(states_, name);
+        return s != nullptr && i < s->control->values ? s->value[i] : 0;
     }
     std::string text(const std::string& name) const {
-        for (const codec::ControlState& s : states_)
-            if (name == s.control->name) return values_text(s);
-        return "(none)";
+        const codec::ControlState* s = codec::find_state(states_, name);
+        return s != nullptr ? values_text(*s) : "(none)";
     }
 
 private:

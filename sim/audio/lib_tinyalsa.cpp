@@ -40,7 +40,6 @@ struct mixer {
 struct pcm {
     bool ready = false;
     std::string error;
-    unsigned card = 0, device = 0;
     const codec::SampleFormat* format = nullptr;
     unsigned channels = 0, rate = 0, buffer_frames = 0, start_frames = 0;
     ft::UniqueFd lock;  // the device is one player's at a time
@@ -154,8 +153,6 @@ extern "C" pcm* pcm_open(unsigned int card, unsigned int device, unsigned int fl
         errno = ENOMEM;
         return failed(errno_text("cannot set hw params"));
     }
-    p->card = card;
-    p->device = device;
     p->format = format;
     p->channels = config->channels;
     p->rate = config->rate;
@@ -163,7 +160,7 @@ extern "C" pcm* pcm_open(unsigned int card, unsigned int device, unsigned int fl
     p->start_frames = config->start_threshold == 0 || config->start_threshold > p->buffer_frames
                           ? p->buffer_frames
                           : config->start_threshold;
-    p->record_limit = std::uint64_t{codec::kRecordSeconds} * p->rate * p->channels * format->bytes;
+    p->record_limit = codec::record_bytes(*format, p->channels, p->rate);
     p->lock = std::move(lock);
     p->data = hw.open_at(codec::kPcmDataFile, O_WRONLY | O_CREAT | O_TRUNC, ftsim::Type::File);
     const std::string text = codec::format_text(*format, p->channels, p->rate);
@@ -262,11 +259,6 @@ extern "C" mixer* mixer_open(unsigned int card) {
     return m;
 }
 
-extern "C" void mixer_close(mixer* m) {
-    FTSIM_FAILURE_POINT_RETURNING();
-    delete m;
-}
-
 extern "C" mixer_ctl* mixer_get_ctl_by_name(mixer* m, const char* name) {
     FTSIM_FAILURE_POINT_RETURNING(nullptr);
     if (m == nullptr || name == nullptr) return nullptr;
@@ -278,21 +270,6 @@ extern "C" mixer_ctl* mixer_get_ctl_by_name(mixer* m, const char* name) {
 extern "C" unsigned int mixer_ctl_get_num_values(mixer_ctl* ctl) {
     FTSIM_FAILURE_POINT();
     return ctl != nullptr ? ctl->control->values : 0;
-}
-
-extern "C" int mixer_ctl_get_value(mixer_ctl* ctl, unsigned int id) {
-    FTSIM_FAILURE_POINT();
-    if (ctl == nullptr || id >= ctl->control->values) return -EINVAL;
-    ft::UniqueFd fd = ftsim::hw().open_at(codec::kMixerFile, O_RDONLY, ftsim::Type::File);
-    std::array<char, codec::kValueWidth + 1> digits{};
-    if (!fd.valid() ||
-        pread(fd.get(), digits.data(), codec::kValueWidth, static_cast<off_t>(ctl->offset[id])) !=
-            static_cast<ssize_t>(codec::kValueWidth))
-        return -EIO;
-    int value = 0;
-    for (std::size_t i = 0; i < codec::kValueWidth; ++i)
-        if (digits[i] >= '0' && digits[i] <= '9') value = value * 10 + (digits[i] - '0');
-    return value;
 }
 
 extern "C" int mixer_ctl_set_value(mixer_ctl* ctl, unsigned int id, int value) {

@@ -9,15 +9,13 @@
 #include <numbers>
 #include <string>
 
+#include "sim/audio/codec.h"
+
 namespace {
 
 constexpr unsigned kRate = 8000;
 constexpr unsigned kSamples = kRate;  // one second
 constexpr double kLevel = 0.25;       // of full scale, each tone
-
-void put(std::string& out, std::uint32_t v, int bytes) {
-    for (int i = 0; i < bytes; ++i) out += static_cast<char>((v >> (8 * i)) & 0xFF);
-}
 
 }  // namespace
 
@@ -30,21 +28,9 @@ int main(int argc, char** argv) {
     for (unsigned n = 0; n < kSamples; ++n) {
         const double t = static_cast<double>(n) / kRate;
         const double v = kLevel * (std::sin(2 * std::numbers::pi * 350 * t) + std::sin(2 * std::numbers::pi * 440 * t));
-        put(samples, static_cast<std::uint32_t>(static_cast<std::int16_t>(std::lround(v * 32767))), 2);
+        ftsim::audio::put_le(samples, static_cast<std::uint32_t>(static_cast<std::int16_t>(std::lround(v * 32767))), 2);
     }
-    std::string wav = "RIFF";
-    put(wav, static_cast<std::uint32_t>(36 + samples.size()), 4);
-    wav += "WAVEfmt ";
-    put(wav, 16, 4);
-    put(wav, 1, 2);  // integer samples
-    put(wav, 1, 2);  // mono
-    put(wav, kRate, 4);
-    put(wav, kRate * 2, 4);
-    put(wav, 2, 2);
-    put(wav, 16, 2);
-    wav += "data";
-    put(wav, static_cast<std::uint32_t>(samples.size()), 4);
-    wav += samples;
+    const std::string wav = ftsim::audio::wav_file(1, kRate, 2, 16, samples);
     std::FILE* f = std::fopen(argv[1], "wb");
     if (f == nullptr || std::fwrite(wav.data(), 1, wav.size(), f) != wav.size() || std::fclose(f) != 0) {
         std::perror(argv[1]);

@@ -1,8 +1,11 @@
 // Conditions and observed state of the audio codec, its amplifier and the
 // dial tone file.
+#include "sim/audio/codec.h"
 #include "sim/core/state.h"
 
 namespace {
+namespace codec = ftsim::audio;
+
 const ftsim::SettingsRegistrar kAudio{
     {"codec", ftsim::Kind::Condition, "present", "present|absent",
      "the audio codec: sound card 0 with its mixer and PCM device 5"},
@@ -13,8 +16,8 @@ const ftsim::SettingsRegistrar kAudio{
     {"pcm.5", ftsim::Kind::Observed, "closed", "<text>",
      "PCM device 5: closed, or its format while open (S16_LE 1ch 8000Hz)"},
     {"amp.enable", ftsim::Kind::Observed, "0", "<text>", "the handset amplifier's enable file",
-     "sys/class/audio_ports_ctl/wired_handset/amp_enable"},
+     codec::kAmpEnableFile.data()},
     {"amp.gain", ftsim::Kind::Observed, "0", "<text>", "the handset amplifier's +20 dB gain file",
-     "sys/class/audio_ports_ctl/wired_handset/amp_gain"},
+     codec::kAmpGainFile.data()},
 };
 }  // namespace

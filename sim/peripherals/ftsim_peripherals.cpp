@@ -1,8 +1,6 @@
 // The USB stick and port, the camera and the handset cradle at power-up, and
 // their lines in `ftsim show`. (The /cache partition's condition is honoured
 // where the persistent places are bound.)
-#include <cerrno>
-#include <cstring>
 #include <string>
 
 #include "sim/core/ftsim/ftsim.h"
@@ -13,7 +11,7 @@ namespace ftsim {
 namespace {
 
 bool failed(std::string& error, const std::string& what) {
-    error = "cannot " + what + ": " + std::strerror(errno);
+    error = explain("cannot " + what);
     return false;
 }
 
@@ -25,7 +23,8 @@ bool stick_power_up(PowerUp& up, std::string& error) {
         return failed(error, "prepare the USB stick's kernel files");
     if (get("usb.stick") == "present") {
         const std::string model = usb::kModelFile;
-        if (!dir.write_atomic("dev/block/" + get("usb.stick.device") + "1", "") ||
+        // The phone's /dev/block is the hardware folder's dev/block.
+        if (!dir.write_atomic(usb::node_path(get("usb.stick.device")).substr(1), "") ||
             !dir.make_dirs(model.substr(0, model.rfind('/'))) ||
             !dir.write_atomic(model, usb::sysfs_model(get("usb.stick.model"))))
             return failed(error, "attach the USB stick");

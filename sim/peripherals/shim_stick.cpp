@@ -21,6 +21,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "common/unique_handle.h"
 #include "sim/core/shim/shim.h"
 #include "sim/core/state.h"
 #include "sim/peripherals/stick.h"
@@ -199,14 +200,13 @@ bool holds_stick() {
     std::string_view rest;
     char cwd[PATH_MAX];
     if (getcwd(cwd, sizeof cwd) != nullptr && below(cwd, usb::kStickDir, rest)) return true;
-    DIR* fds = opendir("/proc/self/fd");
-    if (fds == nullptr) return false;
+    const ft::UniqueDir fds(opendir("/proc/self/fd"));
+    if (!fds.valid()) return false;
     bool held = false;
-    while (const dirent* e = readdir(fds)) {
+    while (const dirent* e = readdir(fds.get())) {
         if (e->d_name[0] < '0' || e->d_name[0] > '9') continue;
         if (below(ftsim::shim::fd_path(std::atoi(e->d_name)), usb::kStickDir, rest)) held = true;
     }
-    closedir(fds);
     return held;
 }
 
