@@ -32,23 +32,10 @@ constexpr const char* kPcmFormatFile = "audio/pcm5.format";  // "S16_LE 1ch 8000
 constexpr const char* kPcmDataFile = "audio/pcm5.raw";       // every frame written since that open
 constexpr const char* kPcmLockFile = "audio/pcm5.lock";      // held while the device is open
 
-// The handset amplifier's sysfs files, and their paths.
-inline constexpr char kAmpDir[] = "sys/class/audio_ports_ctl/wired_handset";
-inline constexpr char kAmpEnable[] = "amp_enable";
-inline constexpr char kAmpGain[] = "amp_gain";
-
-// "DIR/FILE" at compile time, so that the settings' rows can point at it.
-template <std::size_t D, std::size_t F>
-constexpr std::array<char, D + F> join_path(const char (&dir)[D], const char (&file)[F]) {
-    std::array<char, D + F> path{};
-    std::size_t n = 0;
-    for (std::size_t i = 0; i + 1 < D; ++i) path[n++] = dir[i];
-    path[n++] = '/';
-    for (std::size_t i = 0; i < F; ++i) path[n++] = file[i];
-    return path;
-}
-inline constexpr auto kAmpEnableFile = join_path(kAmpDir, kAmpEnable);
-inline constexpr auto kAmpGainFile = join_path(kAmpDir, kAmpGain);
+// The handset amplifier's sysfs folder and its two files.
+constexpr const char* kAmpDir = "sys/class/audio_ports_ctl/wired_handset";
+constexpr const char* kAmpEnableFile = "sys/class/audio_ports_ctl/wired_handset/amp_enable";
+constexpr const char* kAmpGainFile = "sys/class/audio_ports_ctl/wired_handset/amp_gain";
 
 // The device keeps at most this much of what it played.
 constexpr unsigned kRecordSeconds = 60;

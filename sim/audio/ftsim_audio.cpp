@@ -62,9 +62,9 @@ bool audio_power_up(const Phone&, PowerUp& up, std::string& error) {
         error = explain("cannot lay out the codec's mixer");
         return false;
     }
-    for (const char* file : {codec::kAmpEnable, codec::kAmpGain}) {
-        if (!dir.write_atomic(std::string(codec::kAmpDir) + "/" + file, "0\n")) {
-            error = explain(std::string("cannot make the amplifier's ") + file);
+    for (const char* file : {codec::kAmpEnableFile, codec::kAmpGainFile}) {
+        if (!dir.write_atomic(file, "0\n")) {
+            error = explain(std::string("cannot make the amplifier's ") + (std::strrchr(file, '/') + 1));
             return false;
         }
     }

@@ -16,8 +16,8 @@ const ftsim::SettingsRegistrar kAudio{
     {"pcm.5", ftsim::Kind::Observed, "closed", "<text>",
      "PCM device 5: closed, or its format while open (S16_LE 1ch 8000Hz)"},
     {"amp.enable", ftsim::Kind::Observed, "0", "<text>", "the handset amplifier's enable file",
-     codec::kAmpEnableFile.data()},
+     codec::kAmpEnableFile},
     {"amp.gain", ftsim::Kind::Observed, "0", "<text>", "the handset amplifier's +20 dB gain file",
-     codec::kAmpGainFile.data()},
+     codec::kAmpGainFile},
 };
 }  // namespace
