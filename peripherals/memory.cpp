@@ -9,7 +9,6 @@
 #include <span>
 
 #include "common/unique_handle.h"
-#include "common/words.h"
 #include "peripherals/memory_checks.h"
 
 namespace {
@@ -60,17 +59,16 @@ int flash() {
 }
 
 int sdram(const char* type) {
-    const long long number = ft::word_to_number(type);
-    if (number != 0 && number != 1) {
+    const ft::memory::SdramTest test = ft::memory::sdram_test(type);
+    if (test == ft::memory::SdramTest::WrongType) {
         std::puts("FAIL. Type should be 0 or 1");
         return -1;
     }
-    // atoi reads a word without digits as 0 too; only a real 0 asks for the short test.
-    if (number == 0 && type[0] != '0') {
+    if (test == ft::memory::SdramTest::Invalid) {
         std::puts("FAIL. Invalid parameter.");
         return -1;
     }
-    const bool long_test = number == 1;
+    const bool long_test = test == ft::memory::SdramTest::Long;
     std::printf("Test in progress... for mem block=%u Bytes and %u Bytes. Please wait...\n",
                 static_cast<unsigned>(ft::memory::kBlockABytes), static_cast<unsigned>(ft::memory::kBlockBBytes));
     const Block a = zeroed_block(ft::memory::kBlockABytes);

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <type_traits>
 
+#include "common/words.h"
+
 namespace ft::memory {
 
 bool flash_text_matches(std::span<const char> read) noexcept {
@@ -84,6 +86,13 @@ bool pattern_pass(std::span<unsigned char> block, unsigned char previous, unsign
 bool long_passes(std::span<unsigned char> a, std::span<const unsigned char> b) noexcept {
     return pattern_pass(a, 0x00, 0x55) && pattern_pass(a, 0x55, 0xAA) && pattern_pass(a, 0xAA, 0xFF) &&
            zero_check(b) && pattern_pass(a, 0xFF, 0x00);
+}
+
+SdramTest sdram_test(const char* word) noexcept {
+    const long long number = ft::word_to_number(word);
+    if (number != 0 && number != 1) return SdramTest::WrongType;
+    if (number == 0 && word[0] != '0') return SdramTest::Invalid;
+    return number == 1 ? SdramTest::Long : SdramTest::Short;
 }
 
 }  // namespace ft::memory

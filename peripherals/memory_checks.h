@@ -22,6 +22,11 @@ T* opaque(T* p) noexcept {
     return p;
 }
 
+// What the word after "sdram" asks for: only 0 and 1 are types, and only a
+// word that starts with a digit 0 is a 0 (a word without digits reads as 0 too).
+enum class SdramTest { WrongType, Invalid, Short, Long };
+SdramTest sdram_test(const char* word) noexcept;
+
 inline constexpr std::size_t kBlockABytes = 64u << 20;
 inline constexpr std::size_t kBlockBBytes = 4u << 20;
 

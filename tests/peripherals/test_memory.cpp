@@ -16,6 +16,15 @@ namespace {
 
 using namespace ft::memory;
 
+// Which test a word asks for: nothing else tells the short test from the long
+// one, since both print the same lines.
+TEST(SdramTest, OnlyARealZeroIsTheShortTestAndOnlyOneTheLong) {
+    for (const char* w : {"0", "00", "0x"}) EXPECT_EQ(sdram_test(w), SdramTest::Short) << w;
+    for (const char* w : {"1", "+1", "01"}) EXPECT_EQ(sdram_test(w), SdramTest::Long) << w;
+    for (const char* w : {"2", "-1"}) EXPECT_EQ(sdram_test(w), SdramTest::WrongType) << w;
+    for (const char* w : {"-0", "x", ""}) EXPECT_EQ(sdram_test(w), SdramTest::Invalid) << w;
+}
+
 // The long test's passes go from each pattern to the next.
 constexpr unsigned char kPatterns[] = {0x00, 0x55, 0xAA, 0xFF, 0x00};
 // Long enough for a byte-wise head, whole chunks of 512 bytes and a byte-wise tail.
