@@ -245,9 +245,10 @@ const char* type_name(uint32_t type) {
 }
 
 void print_entry(const ScanEntry& entry) {
-    if (g_scan_count == 1) ft::async_printf("%-20s %-17s %-8s %-5s %s\n", "Name", "Address", "Class", "Type", "RSSI");
-    // One report for the whole line: the monitors' threads print too.
+    // One report for the whole line, the table's header included with its
+    // first row: the monitors' threads print too.
     Line line;
+    if (g_scan_count == 1) line.add("%-20s %-17s %-8s %-5s %s\n", "Name", "Address", "Class", "Type", "RSSI");
     line.add("%-20s ", entry.name[0] != '\0' ? entry.name.data() : "Unknown");
     for (std::size_t i = 0; i < entry.address.size(); ++i)
         line.add("%.2X%c", static_cast<unsigned>(entry.address[i]), i + 1 < entry.address.size() ? ':' : ' ');
