@@ -73,17 +73,16 @@ uint8_t g_scan_count = 0;
 // An entry is zeroed when it is taken.
 void clear_scan_table() { g_scan_count = 0; }
 
+void sleep_ms(long ms) {
+    const timespec pause{ms / 1000, (ms % 1000) * 1'000'000};
+    nanosleep(&pause, nullptr);
+}
+
 // Waits for a HAL callback. There is no time limit: a HAL that never
 // answers leaves the test nothing better to do.
 template <typename Done>
 void poll_until(Done done) {
-    constexpr timespec kStep{0, 10'000'000};
-    while (!done()) nanosleep(&kStep, nullptr);
-}
-
-void sleep_ms(long ms) {
-    const timespec pause{ms / 1000, (ms % 1000) * 1'000'000};
-    nanosleep(&pause, nullptr);
+    while (!done()) sleep_ms(10);
 }
 
 // --- The kernel driver.
