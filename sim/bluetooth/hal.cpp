@@ -13,10 +13,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <condition_variable>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <deque>
+#include <mutex>
 #include <pthread.h>
 #include <string>
 #include <vector>
@@ -45,27 +47,9 @@ struct Report {
     bool everything;  // false: the address alone
 };
 
-class Locked {
-public:
-    explicit Locked(pthread_mutex_t& m) : m_(m) { pthread_mutex_lock(&m_); }
-    ~Locked() { pthread_mutex_unlock(&m_); }
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-
-private:
-    pthread_mutex_t& m_;
-};
-
 struct Stack {
-    Stack() {
-        pthread_condattr_t attr;
-        pthread_condattr_init(&attr);
-        pthread_condattr_setclock(&attr, CLOCK_MONOTONIC);
-        pthread_cond_init(&changed, &attr);
-        pthread_condattr_destroy(&attr);
-    }
-    pthread_mutex_t lock = PTHREAD_MUTEX_INITIALIZER;
-    pthread_cond_t changed{};
+    std::mutex lock;
+    std::condition_variable changed;
 
     // Under the lock.
     std::deque<Request> requests;
@@ -94,18 +78,18 @@ Stack& stack() {
 
 void push(Stack& s, Request r) {
     s.requests.push_back(r);
-    pthread_cond_signal(&s.changed);
+    s.changed.notify_one();
 }
 
 bt_os_callouts_t* callouts_of(Stack& s) {
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     return s.callouts;
 }
 
 // Runs on whatever thread the caller's OS runs its alarms on.
 void wake_alarm(void* data) {
     Stack& s = *static_cast<Stack*>(data);
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     if (s.initialized) push(s, Request::Wake);
 }
 
@@ -115,22 +99,13 @@ Clock::time_point next_due(const Stack& s) {
     return s.next_report < s.reports.size() ? s.reports[s.next_report].due : s.discovery_end;
 }
 
-timespec to_timespec(Clock::time_point t) {
-    const auto ns = std::chrono::duration_cast<std::chrono::nanoseconds>(t.time_since_epoch()).count();
-    return timespec{static_cast<time_t>(ns / 1'000'000'000), static_cast<long>(ns % 1'000'000'000)};
-}
-
 Request next_request(Stack& s) {
-    Locked held(s.lock);
-    while (s.requests.empty()) {
-        if (s.discovering && !s.alarm_set) {
-            // steady_clock is CLOCK_MONOTONIC, the clock of this condition.
-            const timespec deadline = to_timespec(next_due(s));
-            if (pthread_cond_timedwait(&s.changed, &s.lock, &deadline) == ETIMEDOUT) return Request::Wake;
-        } else {
-            pthread_cond_wait(&s.changed, &s.lock);
-        }
-    }
+    std::unique_lock held(s.lock);
+    const auto asked = [&s] { return !s.requests.empty(); };
+    if (!s.discovering || s.alarm_set)
+        s.changed.wait(held, asked);
+    else if (!s.changed.wait_until(held, next_due(s), asked))
+        return Request::Wake;
     const Request r = s.requests.front();
     s.requests.pop_front();
     return r;
@@ -142,7 +117,7 @@ void report_address(Stack& s);
 
 void switch_adapter(Stack& s, bool on) {
     {
-        Locked held(s.lock);
+        std::lock_guard held(s.lock);
         if (s.enabled == on) return;
         s.enabled = on;
     }
@@ -168,7 +143,7 @@ void report_address(Stack& s) {
 
 void start_discovery(Stack& s) {
     {
-        Locked held(s.lock);
+        std::lock_guard held(s.lock);
         if (s.discovering || !s.enabled) return;
     }
     s.devices = ftsim::bt::devices_in_range(ftsim::get("bt.devices"));
@@ -251,7 +226,7 @@ void shut_down(Stack& s) {
     }
     bool was_on = false;
     {
-        Locked held(s.lock);
+        std::lock_guard held(s.lock);
         was_on = s.enabled;
         s.enabled = false;
     }
@@ -281,7 +256,7 @@ void* run_stack(void*) {
 
 int queue(Request r, bool needs_adapter = false) {
     Stack& s = stack();
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     if (!s.initialized || (needs_adapter && !s.enabled)) return BT_STATUS_NOT_READY;
     push(s, r);
     return BT_STATUS_SUCCESS;
@@ -291,7 +266,7 @@ int bt_init(bt_callbacks_t* callbacks) {
     FTSIM_FAILURE_POINT();
     if (callbacks == nullptr || callbacks->size != sizeof(bt_callbacks_t)) return BT_STATUS_PARM_INVALID;
     Stack& s = stack();
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     if (s.initialized) return BT_STATUS_DONE;
     s.callbacks = callbacks;
     s.enabled = false;
@@ -323,14 +298,14 @@ void bt_cleanup() {
     Stack& s = stack();
     pthread_t thread{};
     {
-        Locked held(s.lock);
+        std::lock_guard held(s.lock);
         if (!s.initialized) return;
         push(s, Request::Quit);
         thread = s.thread;
     }
     pthread_join(thread, nullptr);
     ftsim::set_observed("bt.stack", "stopped");
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     s.initialized = false;
     s.requests.clear();
 }
@@ -356,7 +331,7 @@ int bt_set_os_callouts(bt_os_callouts_t* callouts) {
     FTSIM_FAILURE_POINT();
     if (callouts == nullptr || callouts->size != sizeof(bt_os_callouts_t)) return BT_STATUS_PARM_INVALID;
     Stack& s = stack();
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     s.callouts = callouts;
     return BT_STATUS_SUCCESS;
 }
