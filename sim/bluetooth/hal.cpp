@@ -112,21 +112,8 @@ Request next_request(Stack& s) {
 }
 
 // Observed state is written before the callback, so that whoever saw the
-// callback finds it.
-void report_address(Stack& s);
-
-void switch_adapter(Stack& s, bool on) {
-    {
-        std::lock_guard held(s.lock);
-        if (s.enabled == on) return;
-        s.enabled = on;
-    }
-    // Some stacks tell the adapter's properties as it comes up, before they
-    // report it on.
-    if (on && ftsim::get("bt.address.unasked") == "yes") report_address(s);
-    ftsim::set_observed("bt.adapter", on ? "on" : "off");
-    if (s.callbacks->adapter_state_changed_cb) s.callbacks->adapter_state_changed_cb(on ? BT_STATE_ON : BT_STATE_OFF);
-}
+// callback finds it. Without tell there is no callback: after cleanup the
+// caller gets none.
 
 void report_address(Stack& s) {
     if (!s.callbacks->adapter_properties_cb) return;
@@ -139,6 +126,20 @@ void report_address(Stack& s) {
     std::memcpy(address.address, a.data(), a.size());
     bt_property_t property{BT_PROPERTY_BDADDR, sizeof address, &address};
     s.callbacks->adapter_properties_cb(BT_STATUS_SUCCESS, 1, &property);
+}
+
+void switch_adapter(Stack& s, bool on, bool tell) {
+    {
+        std::lock_guard held(s.lock);
+        if (s.enabled == on) return;
+        s.enabled = on;
+    }
+    // Some stacks tell the adapter's properties as it comes up, before they
+    // report it on.
+    if (on && ftsim::get("bt.address.unasked") == "yes") report_address(s);
+    ftsim::set_observed("bt.adapter", on ? "on" : "off");
+    if (tell && s.callbacks->adapter_state_changed_cb)
+        s.callbacks->adapter_state_changed_cb(on ? BT_STATE_ON : BT_STATE_OFF);
 }
 
 void start_discovery(Stack& s) {
@@ -164,13 +165,14 @@ void start_discovery(Stack& s) {
     if (s.callbacks->discovery_state_changed_cb) s.callbacks->discovery_state_changed_cb(BT_DISCOVERY_STARTED);
 }
 
-void stop_discovery(Stack& s) {
+void stop_discovery(Stack& s, bool tell) {
     if (!s.discovering) return;
     s.discovering = false;
     s.reports.clear();
     if (bt_os_callouts_t* c = callouts_of(s); c && c->release_wake_lock) c->release_wake_lock(kWakeLock);
     ftsim::set_observed("bt.discovering", "no");
-    if (s.callbacks->discovery_state_changed_cb) s.callbacks->discovery_state_changed_cb(BT_DISCOVERY_STOPPED);
+    if (tell && s.callbacks->discovery_state_changed_cb)
+        s.callbacks->discovery_state_changed_cb(BT_DISCOVERY_STOPPED);
 }
 
 void report_device(Stack& s, const Report& r) {
@@ -212,41 +214,30 @@ void advance_discovery(Stack& s) {
     while (s.next_report < s.reports.size() && s.reports[s.next_report].due <= now)
         report_device(s, s.reports[s.next_report++]);
     if (s.next_report == s.reports.size() && s.discovery_end <= now) {
-        stop_discovery(s);
+        stop_discovery(s, true);
         return;
     }
     set_alarm(s);
-}
-
-// cleanup: no callbacks any more, but the adapter goes down with the stack.
-void shut_down(Stack& s) {
-    if (s.discovering) {
-        s.discovering = false;
-        ftsim::set_observed("bt.discovering", "no");
-    }
-    bool was_on = false;
-    {
-        std::lock_guard held(s.lock);
-        was_on = s.enabled;
-        s.enabled = false;
-    }
-    if (was_on) ftsim::set_observed("bt.adapter", "off");
 }
 
 void* run_stack(void*) {
     Stack& s = stack();
     for (;;) {
         switch (next_request(s)) {
-            case Request::Enable: switch_adapter(s, true); break;
+            case Request::Enable: switch_adapter(s, true, true); break;
             case Request::Disable:
-                stop_discovery(s);
-                switch_adapter(s, false);
+                stop_discovery(s, true);
+                switch_adapter(s, false, true);
                 break;
             case Request::Address: report_address(s); break;
             case Request::StartDiscovery: start_discovery(s); break;
-            case Request::CancelDiscovery: stop_discovery(s); break;
+            case Request::CancelDiscovery: stop_discovery(s, true); break;
             case Request::Wake: break;
-            case Request::Quit: shut_down(s); return nullptr;
+            case Request::Quit:
+                // The adapter goes down with the stack.
+                stop_discovery(s, false);
+                switch_adapter(s, false, false);
+                return nullptr;
         }
         advance_discovery(s);
     }
