@@ -286,17 +286,17 @@ CText gen_factory_device_key() {
         return nullptr;
     }
     // A failure from here on leaves the new seed: only the seed step takes it back.
-    static constexpr KeyReport kReport{kUnit,
-                                       "gen_factory_device_key",
-                                       "Failed to get MAC of device",
-                                       true,
-                                       line::kKeySeedAlloc,
-                                       line::kKeySeedRead,
-                                       line::kKeyDigestAlloc,
-                                       line::kKeyMac,
-                                       line::kKeyHmac,
-                                       line::kKeyBase64,
-                                       0};
+    static constexpr KeyReport kReport{.unit = kUnit,
+                                       .step = "gen_factory_device_key",
+                                       .no_mac = "Failed to get MAC of device",
+                                       .mac_before_seed = true,
+                                       .seed_alloc_line = line::kKeySeedAlloc,
+                                       .seed_read_line = line::kKeySeedRead,
+                                       .digest_alloc_line = line::kKeyDigestAlloc,
+                                       .mac_line = line::kKeyMac,
+                                       .hmac_line = line::kKeyHmac,
+                                       .base64_line = line::kKeyBase64,
+                                       .key_text_line = 0};
     CText key;
     derive_device_key(kReport, key);
     return key;

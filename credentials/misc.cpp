@@ -332,17 +332,17 @@ int regen_fips_signed_cert() {
         return -1;
     }
     // The seed already on the device, as the generation derived it.
-    static constexpr ft::cred::KeyReport kReport{kUnit,
-                                                 kStep,
-                                                 "Unable to get MAC",
-                                                 false,
-                                                 line::kRegenSeedAlloc,
-                                                 line::kRegenSeedRead,
-                                                 line::kRegenDigestAlloc,
-                                                 line::kRegenNoMac,
-                                                 line::kRegenHmac,
-                                                 line::kRegenBase64,
-                                                 line::kRegenKeyText};
+    static constexpr ft::cred::KeyReport kReport{.unit = kUnit,
+                                                 .step = kStep,
+                                                 .no_mac = "Unable to get MAC",
+                                                 .mac_before_seed = false,
+                                                 .seed_alloc_line = line::kRegenSeedAlloc,
+                                                 .seed_read_line = line::kRegenSeedRead,
+                                                 .digest_alloc_line = line::kRegenDigestAlloc,
+                                                 .mac_line = line::kRegenNoMac,
+                                                 .hmac_line = line::kRegenHmac,
+                                                 .base64_line = line::kRegenBase64,
+                                                 .key_text_line = line::kRegenKeyText};
     CText key;
     if (ft::cred::derive_device_key(kReport, key) == ft::cred::KeyOutcome::kNoSeedBuffer) return 1;
     if (!key) return -1;

@@ -98,7 +98,8 @@ int hookswitch_state() {
     return 0;
 }
 
-// The threads' entries, as the product names them.
+// The threads' entries, named like the monitors' other parts, whose names
+// their messages print (hookswitchTestInit(), jackTrackThread()).
 int hookswitchTrackThread();
 int ehsTrackThread();
 

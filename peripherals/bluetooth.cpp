@@ -14,8 +14,6 @@
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
-#include <memory>
-#include <new>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -69,25 +67,22 @@ struct ScanEntry {
 // Filled by device_found on the HAL's thread while a discovery runs, and
 // emptied by the shell's thread only after the discovery has stopped: the
 // discovering flag hands the table from one thread to the other.
-std::array<std::unique_ptr<ScanEntry>, kMaxScanDevices> g_scan_table;
+std::array<ScanEntry, kMaxScanDevices> g_scan_table;
 uint8_t g_scan_count = 0;
 
-void clear_scan_table() {
-    for (auto& entry : g_scan_table) entry.reset();
-    g_scan_count = 0;
+// An entry is zeroed when it is taken.
+void clear_scan_table() { g_scan_count = 0; }
+
+void sleep_ms(long ms) {
+    const timespec pause{ms / 1000, (ms % 1000) * 1'000'000};
+    nanosleep(&pause, nullptr);
 }
 
 // Waits for a HAL callback. There is no time limit: a HAL that never
 // answers leaves the test nothing better to do.
 template <typename Done>
 void poll_until(Done done) {
-    constexpr timespec kStep{0, 10'000'000};
-    while (!done()) nanosleep(&kStep, nullptr);
-}
-
-void sleep_ms(long ms) {
-    const timespec pause{ms / 1000, (ms % 1000) * 1'000'000};
-    nanosleep(&pause, nullptr);
+    while (!done()) sleep_ms(10);
 }
 
 // --- The kernel driver.
@@ -95,11 +90,10 @@ void sleep_ms(long ms) {
 int is_module_loaded() {
     ft::UniqueFd modules(open("/proc/modules", O_RDONLY | O_CLOEXEC));
     if (!modules.valid()) return -1;
-    std::unique_ptr<char[]> text(new (std::nothrow) char[kModulesReadSize + 1]());
-    if (!text) return -1;
-    const ssize_t n = read(modules.get(), text.get(), kModulesReadSize);
+    std::array<char, kModulesReadSize + 1> text{};
+    const ssize_t n = read(modules.get(), text.data(), kModulesReadSize);
     if (n == static_cast<ssize_t>(kModulesReadSize)) std::puts("is_module_loaded: buffer is not enough");
-    return std::strstr(text.get(), kDriverModule) != nullptr ? 1 : 0;
+    return std::strstr(text.data(), kDriverModule) != nullptr ? 1 : 0;
 }
 
 // A module still in use refuses removal for a moment after its users close it.
@@ -170,7 +164,7 @@ void adapter_properties_cb(bt_status_t status, int count, bt_property_t* propert
 
 ScanEntry* find_entry(const uint8_t* address) {
     for (std::size_t i = 0; i < g_scan_count; ++i)
-        if (std::memcmp(g_scan_table[i]->address.data(), address, 6) == 0) return g_scan_table[i].get();
+        if (std::memcmp(g_scan_table[i].address.data(), address, 6) == 0) return &g_scan_table[i];
     return nullptr;
 }
 
@@ -245,9 +239,10 @@ const char* type_name(uint32_t type) {
 }
 
 void print_entry(const ScanEntry& entry) {
-    if (g_scan_count == 1) ft::async_printf("%-20s %-17s %-8s %-5s %s\n", "Name", "Address", "Class", "Type", "RSSI");
-    // One report for the whole line: the monitors' threads print too.
+    // One report for the whole line, the table's header included with its
+    // first row: the monitors' threads print too.
     Line line;
+    if (g_scan_count == 1) line.add("%-20s %-17s %-8s %-5s %s\n", "Name", "Address", "Class", "Type", "RSSI");
     line.add("%-20s ", entry.name[0] != '\0' ? entry.name.data() : "Unknown");
     for (std::size_t i = 0; i < entry.address.size(); ++i)
         line.add("%.2X%c", static_cast<unsigned>(entry.address[i]), i + 1 < entry.address.size() ? ':' : ' ');
@@ -268,12 +263,10 @@ void device_found(int count, bt_property_t* properties) {
         // Printed again only when this report knows more than the last.
         if (entry->recorded >= count) return;
     } else {
-        std::unique_ptr<ScanEntry> fresh(new (std::nothrow) ScanEntry{});
-        if (!fresh) return;
-        std::memcpy(fresh->address.data(), bytes, fresh->address.size());
-        fresh->recorded = 1;
-        entry = fresh.get();
-        g_scan_table[g_scan_count++] = std::move(fresh);
+        entry = &g_scan_table[g_scan_count++];
+        *entry = ScanEntry{};
+        std::memcpy(entry->address.data(), bytes, entry->address.size());
+        entry->recorded = 1;
     }
     record(*entry, count, properties);
     print_entry(*entry);

@@ -13,10 +13,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <condition_variable>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <deque>
+#include <mutex>
 #include <pthread.h>
 #include <string>
 #include <vector>
@@ -45,27 +47,9 @@ struct Report {
     bool everything;  // false: the address alone
 };
 
-class Locked {
-public:
-    explicit Locked(pthread_mutex_t& m) : m_(m) { pthread_mutex_lock(&m_); }
-    ~Locked() { pthread_mutex_unlock(&m_); }
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-
-private:
-    pthread_mutex_t& m_;
-};
-
 struct Stack {
-    Stack() {
-        pthread_condattr_t attr;
-        pthread_condattr_init(&attr);
-        pthread_condattr_setclock(&attr, CLOCK_MONOTONIC);
-        pthread_cond_init(&changed, &attr);
-        pthread_condattr_destroy(&attr);
-    }
-    pthread_mutex_t lock = PTHREAD_MUTEX_INITIALIZER;
-    pthread_cond_t changed{};
+    std::mutex lock;
+    std::condition_variable changed;
 
     // Under the lock.
     std::deque<Request> requests;
@@ -94,18 +78,18 @@ Stack& stack() {
 
 void push(Stack& s, Request r) {
     s.requests.push_back(r);
-    pthread_cond_signal(&s.changed);
+    s.changed.notify_one();
 }
 
 bt_os_callouts_t* callouts_of(Stack& s) {
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     return s.callouts;
 }
 
 // Runs on whatever thread the caller's OS runs its alarms on.
 void wake_alarm(void* data) {
     Stack& s = *static_cast<Stack*>(data);
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     if (s.initialized) push(s, Request::Wake);
 }
 
@@ -115,43 +99,21 @@ Clock::time_point next_due(const Stack& s) {
     return s.next_report < s.reports.size() ? s.reports[s.next_report].due : s.discovery_end;
 }
 
-timespec to_timespec(Clock::time_point t) {
-    const auto ns = std::chrono::duration_cast<std::chrono::nanoseconds>(t.time_since_epoch()).count();
-    return timespec{static_cast<time_t>(ns / 1'000'000'000), static_cast<long>(ns % 1'000'000'000)};
-}
-
 Request next_request(Stack& s) {
-    Locked held(s.lock);
-    while (s.requests.empty()) {
-        if (s.discovering && !s.alarm_set) {
-            // steady_clock is CLOCK_MONOTONIC, the clock of this condition.
-            const timespec deadline = to_timespec(next_due(s));
-            if (pthread_cond_timedwait(&s.changed, &s.lock, &deadline) == ETIMEDOUT) return Request::Wake;
-        } else {
-            pthread_cond_wait(&s.changed, &s.lock);
-        }
-    }
+    std::unique_lock held(s.lock);
+    const auto asked = [&s] { return !s.requests.empty(); };
+    if (!s.discovering || s.alarm_set)
+        s.changed.wait(held, asked);
+    else if (!s.changed.wait_until(held, next_due(s), asked))
+        return Request::Wake;
     const Request r = s.requests.front();
     s.requests.pop_front();
     return r;
 }
 
 // Observed state is written before the callback, so that whoever saw the
-// callback finds it.
-void report_address(Stack& s);
-
-void switch_adapter(Stack& s, bool on) {
-    {
-        Locked held(s.lock);
-        if (s.enabled == on) return;
-        s.enabled = on;
-    }
-    // Some stacks tell the adapter's properties as it comes up, before they
-    // report it on.
-    if (on && ftsim::get("bt.address.unasked") == "yes") report_address(s);
-    ftsim::set_observed("bt.adapter", on ? "on" : "off");
-    if (s.callbacks->adapter_state_changed_cb) s.callbacks->adapter_state_changed_cb(on ? BT_STATE_ON : BT_STATE_OFF);
-}
+// callback finds it. Without tell there is no callback: after cleanup the
+// caller gets none.
 
 void report_address(Stack& s) {
     if (!s.callbacks->adapter_properties_cb) return;
@@ -166,9 +128,23 @@ void report_address(Stack& s) {
     s.callbacks->adapter_properties_cb(BT_STATUS_SUCCESS, 1, &property);
 }
 
+void switch_adapter(Stack& s, bool on, bool tell) {
+    {
+        std::lock_guard held(s.lock);
+        if (s.enabled == on) return;
+        s.enabled = on;
+    }
+    // Some stacks tell the adapter's properties as it comes up, before they
+    // report it on.
+    if (on && ftsim::get("bt.address.unasked") == "yes") report_address(s);
+    ftsim::set_observed("bt.adapter", on ? "on" : "off");
+    if (tell && s.callbacks->adapter_state_changed_cb)
+        s.callbacks->adapter_state_changed_cb(on ? BT_STATE_ON : BT_STATE_OFF);
+}
+
 void start_discovery(Stack& s) {
     {
-        Locked held(s.lock);
+        std::lock_guard held(s.lock);
         if (s.discovering || !s.enabled) return;
     }
     s.devices = ftsim::bt::devices_in_range(ftsim::get("bt.devices"));
@@ -189,13 +165,14 @@ void start_discovery(Stack& s) {
     if (s.callbacks->discovery_state_changed_cb) s.callbacks->discovery_state_changed_cb(BT_DISCOVERY_STARTED);
 }
 
-void stop_discovery(Stack& s) {
+void stop_discovery(Stack& s, bool tell) {
     if (!s.discovering) return;
     s.discovering = false;
     s.reports.clear();
     if (bt_os_callouts_t* c = callouts_of(s); c && c->release_wake_lock) c->release_wake_lock(kWakeLock);
     ftsim::set_observed("bt.discovering", "no");
-    if (s.callbacks->discovery_state_changed_cb) s.callbacks->discovery_state_changed_cb(BT_DISCOVERY_STOPPED);
+    if (tell && s.callbacks->discovery_state_changed_cb)
+        s.callbacks->discovery_state_changed_cb(BT_DISCOVERY_STOPPED);
 }
 
 void report_device(Stack& s, const Report& r) {
@@ -237,41 +214,30 @@ void advance_discovery(Stack& s) {
     while (s.next_report < s.reports.size() && s.reports[s.next_report].due <= now)
         report_device(s, s.reports[s.next_report++]);
     if (s.next_report == s.reports.size() && s.discovery_end <= now) {
-        stop_discovery(s);
+        stop_discovery(s, true);
         return;
     }
     set_alarm(s);
-}
-
-// cleanup: no callbacks any more, but the adapter goes down with the stack.
-void shut_down(Stack& s) {
-    if (s.discovering) {
-        s.discovering = false;
-        ftsim::set_observed("bt.discovering", "no");
-    }
-    bool was_on = false;
-    {
-        Locked held(s.lock);
-        was_on = s.enabled;
-        s.enabled = false;
-    }
-    if (was_on) ftsim::set_observed("bt.adapter", "off");
 }
 
 void* run_stack(void*) {
     Stack& s = stack();
     for (;;) {
         switch (next_request(s)) {
-            case Request::Enable: switch_adapter(s, true); break;
+            case Request::Enable: switch_adapter(s, true, true); break;
             case Request::Disable:
-                stop_discovery(s);
-                switch_adapter(s, false);
+                stop_discovery(s, true);
+                switch_adapter(s, false, true);
                 break;
             case Request::Address: report_address(s); break;
             case Request::StartDiscovery: start_discovery(s); break;
-            case Request::CancelDiscovery: stop_discovery(s); break;
+            case Request::CancelDiscovery: stop_discovery(s, true); break;
             case Request::Wake: break;
-            case Request::Quit: shut_down(s); return nullptr;
+            case Request::Quit:
+                // The adapter goes down with the stack.
+                stop_discovery(s, false);
+                switch_adapter(s, false, false);
+                return nullptr;
         }
         advance_discovery(s);
     }
@@ -281,7 +247,7 @@ void* run_stack(void*) {
 
 int queue(Request r, bool needs_adapter = false) {
     Stack& s = stack();
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     if (!s.initialized || (needs_adapter && !s.enabled)) return BT_STATUS_NOT_READY;
     push(s, r);
     return BT_STATUS_SUCCESS;
@@ -291,7 +257,7 @@ int bt_init(bt_callbacks_t* callbacks) {
     FTSIM_FAILURE_POINT();
     if (callbacks == nullptr || callbacks->size != sizeof(bt_callbacks_t)) return BT_STATUS_PARM_INVALID;
     Stack& s = stack();
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     if (s.initialized) return BT_STATUS_DONE;
     s.callbacks = callbacks;
     s.enabled = false;
@@ -323,14 +289,14 @@ void bt_cleanup() {
     Stack& s = stack();
     pthread_t thread{};
     {
-        Locked held(s.lock);
+        std::lock_guard held(s.lock);
         if (!s.initialized) return;
         push(s, Request::Quit);
         thread = s.thread;
     }
     pthread_join(thread, nullptr);
     ftsim::set_observed("bt.stack", "stopped");
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     s.initialized = false;
     s.requests.clear();
 }
@@ -356,7 +322,7 @@ int bt_set_os_callouts(bt_os_callouts_t* callouts) {
     FTSIM_FAILURE_POINT();
     if (callouts == nullptr || callouts->size != sizeof(bt_os_callouts_t)) return BT_STATUS_PARM_INVALID;
     Stack& s = stack();
-    Locked held(s.lock);
+    std::lock_guard held(s.lock);
     s.callouts = callouts;
     return BT_STATUS_SUCCESS;
 }

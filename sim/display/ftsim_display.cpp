@@ -16,6 +16,7 @@
 #include "common/unique_handle.h"
 #include "sim/core/ftsim/ftsim.h"
 #include "sim/core/state.h"
+#include "sim/display/geometry.h"
 
 namespace ftsim {
 namespace {
@@ -24,27 +25,13 @@ namespace {
 // shows it (hw/proc/device-tree here).
 constexpr const char* kTimingDir = "proc/device-tree/soc/i2c@9844000/dvo_to_mipi@E/display-timings/timing";
 
-struct Size {
-    unsigned w = 0, h = 0;
-};
+using display::Panel;
+using display::read_panel;
+using display::Size;
+using display::text_of;
 
 bool parse_size(const std::string& text, Size& s) {
     return std::sscanf(text.c_str(), "%ux%u", &s.w, &s.h) == 2 && s.w > 0 && s.h > 0;
-}
-
-std::string text_of(Size s) { return std::to_string(s.w) + "x" + std::to_string(s.h); }
-
-// What the panel looked like at the last power-up; conditions set since then
-// only apply at the next one.
-struct Panel {
-    Size visible, virt;
-};
-
-bool read_panel(Panel& panel) {
-    std::string text;
-    if (!read_text("dev/fb0.geometry", text)) return false;
-    return std::sscanf(text.c_str(), "%ux%u %ux%u", &panel.visible.w, &panel.visible.h, &panel.virt.w,
-                       &panel.virt.h) == 4;
 }
 
 bool write_cell(const std::string& path, unsigned value, std::string& error) {

@@ -2,27 +2,16 @@
 // kernel calls a framebuffer driver would answer are served here from the
 // geometry the control tool fixed at power-up.
 #include <cerrno>
-#include <cstdio>
 #include <linux/fb.h>
 #include <string>
 
 #include "sim/core/shim/shim.h"
 #include "sim/core/state.h"
+#include "sim/display/geometry.h"
 
 namespace {
 
 constexpr const char* kNode = "/dev/graphics/fb0";
-
-struct Geometry {
-    unsigned width, height, virtual_width, virtual_height;
-};
-
-// Written by ftsim at power-up beside the node's backing file: "WxH VWxVH".
-bool read_geometry(Geometry& g) {
-    std::string text;
-    if (!ftsim::read_text("dev/fb0.geometry", text)) return false;
-    return std::sscanf(text.c_str(), "%ux%u %ux%u", &g.width, &g.height, &g.virtual_width, &g.virtual_height) == 4;
-}
 
 int fail(int error) {
     errno = error;
@@ -31,8 +20,8 @@ int fail(int error) {
 
 bool framebuffer_ioctl(int fd, unsigned long request, void* arg, int& result) {
     if (ftsim::shim::fd_path(fd) != kNode) return false;
-    Geometry g{};
-    if (!read_geometry(g)) {
+    ftsim::display::Panel g;
+    if (!ftsim::display::read_panel(g)) {
         result = fail(ENODEV);
         return true;
     }
@@ -43,17 +32,17 @@ bool framebuffer_ioctl(int fd, unsigned long request, void* arg, int& result) {
     }
     if (request == FBIOGET_VSCREENINFO) {
         *info = fb_var_screeninfo{};
-        info->xres = g.width;
-        info->yres = g.height;
-        info->xres_virtual = g.virtual_width;
-        info->yres_virtual = g.virtual_height;
+        info->xres = g.visible.w;
+        info->yres = g.visible.h;
+        info->xres_virtual = g.virt.w;
+        info->yres_virtual = g.virt.h;
         info->bits_per_pixel = 32;
         result = 0;
         return true;
     }
     // A pan must keep the shown window inside the virtual screen.
-    if (static_cast<unsigned long long>(info->xoffset) + info->xres > g.virtual_width ||
-        static_cast<unsigned long long>(info->yoffset) + info->yres > g.virtual_height) {
+    if (static_cast<unsigned long long>(info->xoffset) + info->xres > g.virt.w ||
+        static_cast<unsigned long long>(info->yoffset) + info->yres > g.virt.h) {
         result = fail(EINVAL);
         return true;
     }

@@ -14,8 +14,14 @@
 #include "common/unique_handle.h"
 #include "platform/eeprom.h"
 #include "sim/core/state.h"
+#include "sim/factory_data/store.h"
 
 namespace {
+
+using ftsim::factory_data::kFields;
+using ftsim::factory_data::kMaxValue;
+using ftsim::factory_data::kOperationalMode;
+using ftsim::factory_data::Store;
 
 // The store's field names by index.
 constexpr const char* kTable[] = {
@@ -54,14 +60,7 @@ constexpr const char* kTable[] = {
     "CONFIGDATA_DES_SUPPORT",
     "EEA_PRODUCT",
 };
-constexpr int kFields = static_cast<int>(std::size(kTable));
-static_assert(kFields == 34);
-constexpr int kOperationalMode = 0;
-// Each field has a fixed slot in the EEPROM: 31 characters and the
-// terminator, as the shell's 32-byte read buffers assume.
-constexpr std::size_t kMaxValue = 31;
-
-using Store = std::array<std::string, kFields>;
+static_assert(std::size(kTable) == kFields);
 
 std::string escape(std::string_view v) {
     std::string out;
@@ -127,6 +126,13 @@ private:
     ft::UniqueFd fd_;
 };
 
+// Saves replace the file whole, so a read that cannot have the lock still
+// finds one version or the other.
+bool load_locked(Store& store) {
+    StoreLock lock;
+    return load(store);
+}
+
 int update(int index, std::string_view value) {
     StoreLock lock;
     Store store;
@@ -156,12 +162,9 @@ extern "C" int eeprom_read(int index, char* buffer, int length) {
         return -1;
     }
     Store store;
-    {
-        StoreLock lock;
-        if (!load(store)) {
-            errno = EIO;
-            return -1;
-        }
+    if (!load_locked(store)) {
+        errno = EIO;
+        return -1;
     }
     const std::string& v = store[index];
     const std::size_t n = std::min(v.size(), static_cast<std::size_t>(length - 1));
@@ -187,4 +190,14 @@ extern "C" int eeprom_set_rw_mode(int mode) {
         return -1;
     }
     return update(kOperationalMode, "1");
+}
+
+int ftsim::factory_data::read_store(Store& store) {
+    int injected = 0;
+    if (ftsim::injected_failure("eeprom_read", injected)) return injected;
+    if (!load_locked(store)) {
+        errno = EIO;
+        return -1;
+    }
+    return 0;
 }

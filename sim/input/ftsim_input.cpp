@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <linux/input.h>
@@ -124,18 +123,11 @@ int send_records(const char* node, const char* what, const std::vector<Record>& 
     return fail("cannot write to the phone's " + std::string(what) + ": " + std::strerror(errno), 1);
 }
 
-bool parse_int(const std::string& text, long lo, long hi, long& out) {
-    char* end = nullptr;
-    errno = 0;
-    out = std::strtol(text.c_str(), &end, 0);
-    return !text.empty() && *end == '\0' && errno == 0 && out >= lo && out <= hi;
-}
-
 int verb_key(const Phone&, const Args& args) {
     long code = 0, value = 0;
     if (args.size() != 2) return fail("usage: ftsim key CODE VALUE");
-    if (!parse_int(args[0], 0, 0xffff, code)) return fail("CODE must be a key code from 0 to 65535");
-    if (!parse_int(args[1], INT32_MIN, INT32_MAX, value)) return fail("VALUE must be an integer (1 press, 0 release)");
+    if (!parse_long(args[0], 0, 0xffff, code)) return fail("CODE must be a key code from 0 to 65535");
+    if (!parse_long(args[1], INT32_MIN, INT32_MAX, value)) return fail("VALUE must be an integer (1 press, 0 release)");
     return send_records(in::kKeypadNode, "keypad",
                         {make(EV_KEY, static_cast<std::uint16_t>(code), static_cast<std::int32_t>(value)),
                          make(EV_SYN, SYN_REPORT, 0)});
@@ -195,7 +187,7 @@ int verb_jack(const Phone&, const Args& args) {
     }
     if (args[0] == "button" && args.size() == 3) {
         long value = 0;
-        if (!parse_int(args[2], INT32_MIN, INT32_MAX, value)) return fail("VALUE must be an integer (1 press, 0 release)");
+        if (!parse_long(args[2], INT32_MIN, INT32_MAX, value)) return fail("VALUE must be an integer (1 press, 0 release)");
         for (const JackButton& b : kJackButtons)
             if (args[1] == b.name)
                 return send_records(in::kJackNode, "jack",
@@ -207,8 +199,8 @@ int verb_jack(const Phone&, const Args& args) {
 // One raw record, for what no real key or plug sends.
 int verb_event(const Phone&, const Args& args) {
     long type = 0, code = 0, value = 0;
-    if (args.size() != 4 || (args[0] != "keypad" && args[0] != "jack") || !parse_int(args[1], 0, 0xffff, type) ||
-        !parse_int(args[2], 0, 0xffff, code) || !parse_int(args[3], INT32_MIN, INT32_MAX, value))
+    if (args.size() != 4 || (args[0] != "keypad" && args[0] != "jack") || !parse_long(args[1], 0, 0xffff, type) ||
+        !parse_long(args[2], 0, 0xffff, code) || !parse_long(args[3], INT32_MIN, INT32_MAX, value))
         return fail("usage: ftsim event keypad|jack TYPE CODE VALUE");
     const bool keypad = args[0] == "keypad";
     return send_records(keypad ? in::kKeypadNode : in::kJackNode, keypad ? "keypad" : "jack",
