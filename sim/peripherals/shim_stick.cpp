@@ -5,7 +5,6 @@
 // programs that read and write files on it through the C library's buffered
 // I/O; a stick pulled out while mounted fails every later access.
 #include <cerrno>
-#include <chrono>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
@@ -35,19 +34,14 @@ constexpr std::string_view kGone = "/mnt/usbstick.pulled-out";
 
 // A setting read again only once its file has changed (the file is replaced
 // whole at each change): the paths of every program of the phone, and every
-// block read or written on a stick, pass these checks. With @p max_age the
-// file is looked at no more often than that, as a kernel notices a device
-// going away only after a moment.
+// block read or written on a stick, pass these checks: one stat each.
 class Watched {
 public:
-    explicit Watched(const char* name, std::chrono::milliseconds max_age = {}) : name_(name), max_age_(max_age) {}
+    explicit Watched(const char* name) : name_(name) {}
 
     std::string value() {
         const int saved = errno;
         std::lock_guard lock(mutex_);
-        const auto now = std::chrono::steady_clock::now();
-        if (known_ && now - checked_ < max_age_) return value_;
-        checked_ = now;
         if (path_.empty()) {
             const ftsim::Setting* s = ftsim::find_setting(name_);
             path_ = ftsim::hw_path(s ? ftsim::setting_file(*s) : std::string(name_));
@@ -77,8 +71,6 @@ private:
         }
     };
     const char* name_;
-    const std::chrono::milliseconds max_age_;
-    std::chrono::steady_clock::time_point checked_{};
     std::mutex mutex_;
     std::string path_;
     Key key_;
@@ -93,13 +85,12 @@ std::string mount_point() {
     return v == "no" ? std::string() : v;
 }
 // Asked at every block read or written on the stick.
-constexpr std::chrono::milliseconds kStickNotices{10};
 bool stick_present() {
-    static auto* w = new Watched("usb.stick", kStickNotices);
+    static auto* w = new Watched("usb.stick");
     return w->value() == "present";
 }
 std::string stick_fault() {
-    static auto* w = new Watched("usb.stick.fault", kStickNotices);
+    static auto* w = new Watched("usb.stick.fault");
     return w->value();
 }
 
