@@ -80,21 +80,11 @@ void log_command(const char* command) {
 
 constexpr const char* kModules = "proc/modules";
 
-// delete_module(2) on the phone's module list: the module's line goes, after
-// its owner's hook agreed.
-long remove_module(const char* name, unsigned flags) {
-    if (name == nullptr) {
-        errno = EFAULT;
-        return -1;
-    }
-    for (const ModuleEntry& e : module_hooks())
-        if (std::strcmp(e.module, name) == 0 && e.hook(name, flags) != 0) return -1;
+// The phone's module list without @p name's line; false when it has none
+// (or there is no list).
+bool without_module(std::string_view name, std::string& kept) {
     std::string text;
-    if (!read_text(kModules, text)) {
-        errno = ENOENT;
-        return -1;
-    }
-    std::string kept;
+    if (!read_text(kModules, text)) return false;
     bool found = false;
     std::size_t pos = 0;
     while (pos < text.size()) {
@@ -102,14 +92,27 @@ long remove_module(const char* name, unsigned flags) {
         end = end == std::string::npos ? text.size() : end + 1;
         const std::string_view line(text.data() + pos, end - pos);
         pos = end;
-        const std::size_t blank = line.find(' ');
-        if (line.substr(0, blank) == name) found = true;
+        if (line.substr(0, line.find(' ')) == name) found = true;
         else kept += line;
     }
-    if (!found) {
+    return found;
+}
+
+// delete_module(2) on the phone's module list: a module that is not loaded
+// is ENOENT, as the kernel says, before its owner's hook is asked; a loaded
+// one's line goes once the hook agreed.
+long remove_module(const char* name, unsigned flags) {
+    if (name == nullptr) {
+        errno = EFAULT;
+        return -1;
+    }
+    std::string kept;
+    if (!without_module(name, kept)) {
         errno = ENOENT;
         return -1;
     }
+    for (const ModuleEntry& e : module_hooks())
+        if (std::strcmp(e.module, name) == 0 && e.hook(name, flags) != 0) return -1;
     return write_atomic(kModules, kept) ? 0 : -1;
 }
 
@@ -119,6 +122,11 @@ F next_symbol(const char* name) {
 }
 
 }  // namespace
+
+bool module_listed(std::string_view name) {
+    std::string kept;
+    return without_module(name, kept);
+}
 
 IoctlRegistrar::IoctlRegistrar(unsigned long request, IoctlHandler handler, bool any_size) {
     const unsigned long key = any_size ? request & ~kSizeBits : request;

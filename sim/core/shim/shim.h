@@ -56,12 +56,16 @@ struct MountRegistrar {
 };
 
 // --- Kernel modules. /proc/modules is hw/proc/modules (made at power-up);
-// delete_module(2) removes a module's line from it. An area that owns a
-// module may register a hook that runs first: it returns 0 to let the
-// removal go on, or -1 with errno to refuse it (EAGAIN for a busy module).
+// delete_module(2) removes a module's line from it, or fails with ENOENT for
+// a module that is not listed. An area that owns a module may register a
+// hook that runs first for a listed module: it returns 0 to let the removal
+// go on, or -1 with errno to refuse it (EAGAIN for a busy module).
 using ModuleHook = int (*)(const char* name, unsigned flags);
 struct ModuleRegistrar {
     ModuleRegistrar(const char* module, ModuleHook hook);
 };
+
+// True while /proc/modules lists @p name.
+bool module_listed(std::string_view name);
 
 }  // namespace ftsim::shim
