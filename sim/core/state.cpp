@@ -395,6 +395,12 @@ void clear_observed(std::string_view name) {
     if (const Setting* s = find_setting(name); s && s->kind == Kind::Observed) hw().remove(setting_file(*s));
 }
 
+void clear_observed_at_power_up() {
+    const Folder dir = hw();
+    for (const Setting& s : registry())
+        if (s.kind == Kind::Observed && !s.kept_over_power_cycle) dir.remove(setting_file(s));
+}
+
 // --- Failure injection.
 
 std::vector<Failure> failures() {

@@ -87,6 +87,9 @@ struct Setting {
     const char* allowed;   // "a|b|c", "<WxH>", "<number>" or "<text>"
     const char* help;
     const char* file = nullptr;  // where the value lives, relative to hw; null: conditions/NAME or observed/NAME
+    // An observed value that a power cycle leaves as it was (a plug stays in
+    // its jack); every other is forgotten at power-up.
+    bool kept_over_power_cycle = false;
 };
 
 const std::vector<Setting>& settings();
@@ -101,6 +104,8 @@ bool set_condition(std::string_view name, std::string_view value);
 bool set_observed(std::string_view name, std::string_view value);
 // Forgets an observed value, so that it reads as its fallback again.
 void clear_observed(std::string_view name);
+// A power cycle: forgets every observed value not kept over one.
+void clear_observed_at_power_up();
 
 // Registers rows at start-up; each area adds its own in its own folder. A name
 // registered twice ends the program at once: two areas would fight over it.

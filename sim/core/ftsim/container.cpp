@@ -231,6 +231,7 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
             return fail("cannot power the phone up: " + error, 1);
     }
 
+    clear_observed_at_power_up();
     for (const Module& m : modules())
         if (m.power_up && !m.power_up(phone, up, error)) return fail("cannot power the phone up: " + error, 1);
 
