@@ -47,6 +47,8 @@ bool camera_power_up(PowerUp& up, std::string& error) {
 }
 
 bool peripherals_power_up(const Phone&, PowerUp& up, std::string& error) {
+    // A damaged cache partition comes up read-only.
+    if (get("cache") == "readonly") up.add({"--remount-ro", "/cache"});
     return stick_power_up(up, error) && camera_power_up(up, error);
 }
 

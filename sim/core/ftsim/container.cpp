@@ -225,9 +225,7 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
     std::string error;
     if (!up.bind_state("hw", "/sim", Type::Dir, error)) return fail("cannot power the phone up: " + error, 1);
     for (const char* place : {"reserved", "data", "cache", "sdcard"}) {
-        // A damaged cache partition comes up read-only.
-        const bool read_only = std::string_view(place) == "cache" && get("cache") == "readonly";
-        if (!up.bind_state(std::string("persist/") + place, std::string("/") + place, Type::Dir, error, read_only))
+        if (!up.bind_state(std::string("persist/") + place, std::string("/") + place, Type::Dir, error))
             return fail("cannot power the phone up: " + error, 1);
     }
 
