@@ -299,14 +299,6 @@ bool append_line(std::string_view relative, std::string_view line) { return hw()
 // --- Settings.
 
 namespace {
-std::vector<Setting>& registry() {
-    // Never destroyed: a library's thread may still look a setting up while
-    // exit() runs the static destructors (a detached tone thread, a monitor
-    // that is not joined at quit).
-    static auto* rows = new std::vector<Setting>;
-    return *rows;
-}
-
 bool is_number(std::string_view v) {
     if (v.empty() || v.size() > 9) return false;
     for (char c : v)
@@ -328,14 +320,14 @@ void conflict(const char* what, std::string_view name) {
 SettingsRegistrar::SettingsRegistrar(std::initializer_list<Setting> rows) {
     for (const Setting& s : rows) {
         if (find_setting(s.name)) conflict("the condition", s.name);
-        registry().push_back(s);
+        registry<Setting>().push_back(s);
     }
 }
 
-const std::vector<Setting>& settings() { return registry(); }
+const std::vector<Setting>& settings() { return registry<Setting>(); }
 
 const Setting* find_setting(std::string_view name) {
-    for (const Setting& s : registry())
+    for (const Setting& s : registry<Setting>())
         if (name == s.name) return &s;
     return nullptr;
 }
@@ -397,7 +389,7 @@ void clear_observed(std::string_view name) {
 
 void clear_observed_at_power_up() {
     const Folder dir = hw();
-    for (const Setting& s : registry())
+    for (const Setting& s : registry<Setting>())
         if (s.kind == Kind::Observed && !s.kept_over_power_cycle) dir.remove(setting_file(s));
 }
 

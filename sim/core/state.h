@@ -76,6 +76,16 @@ bool read_text(std::string_view relative, std::string& out);
 bool write_atomic(std::string_view relative, std::string_view data, unsigned mode = 0644);
 bool append_line(std::string_view relative, std::string_view line);
 
+// The list that registrars of @p T fill at start-up, one per type. Never
+// destroyed: a thread of the phone's program may still make a call through
+// it while exit() runs the static destructors (a detached tone thread, a
+// monitor that is not joined at quit).
+template <typename T>
+std::vector<T>& registry() {
+    static auto* list = new std::vector<T>;
+    return *list;
+}
+
 // --- Conditions (set by the operator) and observed state (set by the phone).
 
 enum class Kind { Condition, Observed };

@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <cstring>
 #include <dirent.h>
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <string>
 #include <string_view>
@@ -27,23 +26,14 @@ struct PathEntry {
     Redirect redirect;        // else this decides
 };
 
-std::vector<PathEntry>& paths() {
-    // Never destroyed: a thread of the phone's program may still make a call
-    // through here while exit() runs the static destructors (a detached tone
-    // thread, a monitor that is not joined at quit).
-    static auto* list = new std::vector<PathEntry>;
-    return *list;
-}
+std::vector<PathEntry>& paths() { return registry<PathEntry>(); }
 
 struct FlagsEntry {
     const char* prefix;
     FlagsAdjust adjust;
 };
 
-std::vector<FlagsEntry>& flag_rules() {
-    static auto* list = new std::vector<FlagsEntry>;
-    return *list;
-}
+std::vector<FlagsEntry>& flag_rules() { return registry<FlagsEntry>(); }
 
 // "/x/" serves "/x" itself and all below it; "/x" serves paths that begin so.
 bool fixed_match(std::string_view prefix, std::string_view path, std::string_view& rest) {
@@ -80,11 +70,6 @@ int adjusted_flags(const char* path, int flags) {
     for (const FlagsEntry& e : flag_rules())
         if (std::string_view(path).starts_with(e.prefix)) return e.adjust(flags);
     return flags;
-}
-
-template <typename F>
-F next(const char* name) {
-    return reinterpret_cast<F>(dlsym(RTLD_NEXT, name));
 }
 
 // Only O_CREAT and O_TMPFILE carry a mode.

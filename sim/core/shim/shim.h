@@ -4,10 +4,18 @@
 // kernel files; everything else goes straight to the kernel. Each area of the
 // phone registers what it serves from a file in its own folder; a registrar
 // that meets a name or request already taken ends the program at once.
+#include <dlfcn.h>
 #include <string>
 #include <string_view>
 
 namespace ftsim::shim {
+
+// The next definition of @p name after the shim's own: the C library's, for
+// a call the shim passes on.
+template <typename F>
+F next(const char* name) {
+    return reinterpret_cast<F>(dlsym(RTLD_NEXT, name));
+}
 
 // Path an open descriptor refers to, as seen inside the phone ("" if unknown).
 std::string fd_path(int fd);
