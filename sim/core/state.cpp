@@ -122,6 +122,9 @@ std::optional<std::vector<std::string>> names_in(int dir) {
         close(copy);
         return std::nullopt;
     }
+    // The copy shares its offset with @p dir: a folder read before would
+    // otherwise show nothing the second time.
+    rewinddir(d.get());
     std::vector<std::string> names;
     while (const dirent* e = readdir(d.get())) {
         const std::string_view n = e->d_name;
