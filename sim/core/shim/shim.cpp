@@ -155,7 +155,7 @@ extern "C" int mount(const char* source, const char* target, const char* type, u
     static const auto real = next<Mount>("mount");
     for (const MountEntry& e : mounts()) {
         int result = 0;
-        if (e.mount && e.mount(source, target, type, flags, data, result)) return result;
+        if (e.mount(source, target, type, flags, data, result)) return result;
     }
     return real(source, target, type, flags, data);
 }
@@ -165,7 +165,7 @@ extern "C" int umount2(const char* target, int flags) noexcept {
     static const auto real = next<Umount2>("umount2");
     for (const MountEntry& e : mounts()) {
         int result = 0;
-        if (e.umount && e.umount(target, flags, result)) return result;
+        if (e.umount(target, flags, result)) return result;
     }
     return real(target, flags);
 }

@@ -54,8 +54,8 @@ struct OpenFlagsRegistrar {
 };
 
 // --- mount(2) and umount2(2): the phone has no privilege to mount, so the
-// areas that simulate a mountable device answer for it. A handler returns
-// true when it served the call.
+// areas that simulate a mountable device answer for it, with both handlers.
+// A handler returns true when it served the call.
 using MountHandler = bool (*)(const char* source, const char* target, const char* type, unsigned long flags,
                               const void* data, int& result);
 using UmountHandler = bool (*)(const char* target, int flags, int& result);
