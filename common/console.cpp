@@ -100,6 +100,10 @@ void print_line_start(std::string_view text) noexcept {
 
 int hold() noexcept {
     std::lock_guard lock(g_waiting.lock);
+    // The line editor owns the screen from here, past the watch, and ends
+    // its own lines: the prompt's when it shows reports above it, the typed
+    // one at Enter. A line the last command left open is behind its prompt.
+    g_watch.last.store('\n');
     if (!g_waiting.wake.valid()) g_waiting.wake.reset(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
     // Without a way to wake the shell, reports go on being printed at once.
     g_waiting.held = g_waiting.wake.valid();
