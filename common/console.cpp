@@ -1,5 +1,6 @@
 #include "common/console.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -99,6 +100,10 @@ void print_line_start(std::string_view text) noexcept {
 
 int hold() noexcept {
     std::lock_guard lock(g_waiting.lock);
+    // The line editor owns the screen from here, past the watch, and ends
+    // its own lines: the prompt's when it shows reports above it, the typed
+    // one at Enter. A line the last command left open is behind its prompt.
+    g_watch.last.store('\n');
     if (!g_waiting.wake.valid()) g_waiting.wake.reset(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
     // Without a way to wake the shell, reports go on being printed at once.
     g_waiting.held = g_waiting.wake.valid();
@@ -149,18 +154,15 @@ void async_print(std::string_view text) noexcept {
 }
 
 void async_printf(const char* format, ...) noexcept {
+    // A byte more than one call prints: a longer text still reaches
+    // async_print too long, and is cut there.
     std::array<char, kAsyncTextMax + 1> text;
     va_list args;
     va_start(args, format);
     const int n = std::vsnprintf(text.data(), text.size(), format, args);
     va_end(args);
     if (n <= 0) return;
-    std::size_t size = static_cast<std::size_t>(n);
-    if (size > kAsyncTextMax) {
-        size = kAsyncTextMax;
-        text[size - 1] = '\n';
-    }
-    async_print(std::string_view(text.data(), size));
+    async_print(std::string_view(text.data(), std::min(static_cast<std::size_t>(n), text.size())));
 }
 
 }  // namespace ft

@@ -28,7 +28,8 @@ namespace console {
 void watch_stdout() noexcept;
 
 // For the shell's line editor: from now on background text waits instead of
-// being printed. Returns a descriptor that is readable while text waits.
+// being printed, and the editor ends the lines it draws itself. Returns a
+// descriptor that is readable while text waits.
 int hold() noexcept;
 
 // Hands the waiting text to @p show, with the console locked: no background

@@ -3,7 +3,9 @@
 #include <cstring>
 
 namespace ft {
+namespace {
 
+// True when @p value needs no quoting in any place.
 bool is_plain(std::string_view value) noexcept {
     for (const char c : value) {
         const bool ok = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
@@ -12,6 +14,8 @@ bool is_plain(std::string_view value) noexcept {
     }
     return true;
 }
+
+}  // namespace
 
 Quoted::Quoted(std::string_view value, QuotePlace place) noexcept {
     std::size_t n = 0;

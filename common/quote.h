@@ -35,7 +35,4 @@ private:
     bool fits_ = true;
 };
 
-// True when @p value needs no quoting in any place.
-bool is_plain(std::string_view value) noexcept;
-
 }  // namespace ft

@@ -24,7 +24,6 @@ const char* input_refusal(Input refused) noexcept {
     case Input::HasNul:
         return "NUL character in the line. Nothing was run.";
     case Input::Line:
-    case Input::Nothing:
     case Input::End:
         break;
     }
@@ -161,7 +160,8 @@ Input read_terminal(LineBuffer& line) {
 
     const std::unique_ptr<char, decltype(&std::free)> typed(g_typed, &std::free);
     g_typed = nullptr;
-    if (!typed) return g_done && !terminal_gone() ? Input::Nothing : Input::End;
+    // Ctrl-D shows the prompt again, as an empty line does.
+    if (!typed) return g_done && !terminal_gone() ? Input::Line : Input::End;
     if (typed.get()[0] == '\0') return Input::Line;
     add_history(typed.get());
     const std::size_t size = std::strlen(typed.get());

@@ -13,10 +13,9 @@
 namespace ft {
 
 enum class Input {
-    Line,     // a line (possibly empty) is in the buffer
+    Line,     // a line (possibly empty: Ctrl-D at a terminal too) is in the buffer
     TooLong,  // longer than the buffer holds; nothing of it was kept
     HasNul,   // holds a NUL byte, which no word can carry
-    Nothing,  // Ctrl-D at a terminal: the prompt is shown again
     End,      // no more input will come
 };
 

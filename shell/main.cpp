@@ -45,12 +45,10 @@ int main() {
         ft::LineBuffer typed;
         const ft::Input got = input.next(typed);
         if (got == ft::Input::End) break;
-        if (got == ft::Input::Nothing) continue;
         if (got != ft::Input::Line) {
             std::puts(ft::input_refusal(got));
             continue;
         }
-        if (typed[0] == '\0') continue;
         const ft::SplitResult split = ft::split_line(typed.data(), cl);
         if (split != ft::SplitResult::Ok) {
             std::puts(ft::split_refusal(split));

@@ -46,8 +46,6 @@ bool audio_power_up(const Phone&, PowerUp& up, std::string& error) {
         error = explain("cannot prepare the codec's files");
         return false;
     }
-    // A shell that ended while playing left the device marked open.
-    clear_observed("pcm.5");
     const std::vector<std::string> missing = split(get("codec.missing"), ';');
     for (const std::string& name : missing) {
         if (!codec::find_control(name)) {

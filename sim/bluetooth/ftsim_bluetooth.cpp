@@ -10,13 +10,6 @@
 namespace ftsim {
 namespace {
 
-bool bluetooth_power_up(const Phone&, PowerUp&, std::string&) {
-    for (const char* name :
-         {"bt.driver", "bt.driver.refused", "bt.addr_loader.runs", "bt.stack", "bt.adapter", "bt.discovering"})
-        clear_observed(name);
-    return true;
-}
-
 std::string describe(const bt::Device& d) {
     std::string text = bt::address_text(d.address);
     if (!d.name.empty()) text += " \"" + d.name + "\"";
@@ -46,7 +39,7 @@ void bluetooth_show(const Phone&, std::string& out) {
     for (const bt::Device& d : devices) out += "  " + describe(d) + "\n";
 }
 
-const ModuleRegistrar kBluetooth{Module{"bluetooth", {}, bluetooth_power_up, bluetooth_show, nullptr}};
+const ModuleRegistrar kBluetooth{Module{"bluetooth", {}, nullptr, bluetooth_show, nullptr}};
 
 }  // namespace
 }  // namespace ftsim

@@ -13,15 +13,7 @@ namespace {
 
 constexpr const char* kModule = "mbt8xxx";
 
-bool listed(const std::string& modules) {
-    const std::string head = std::string(kModule) + " ";
-    return modules.compare(0, head.size(), head) == 0 || modules.find("\n" + head) != std::string::npos;
-}
-
 int remove_driver(const char*, unsigned) {
-    std::string modules;
-    // Not loaded: the shim answers for the module list itself.
-    if (!ftsim::read_text("proc/modules", modules) || !listed(modules)) return 0;
     const long busy = std::atol(ftsim::get("bt.driver.busy").c_str());
     const long refused = std::atol(ftsim::get("bt.driver.refused").c_str());
     if (refused < busy) {

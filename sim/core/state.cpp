@@ -8,6 +8,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <optional>
 #include <random>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -112,30 +113,44 @@ std::string temp_name(std::string_view name) {
     return t;
 }
 
-// Removes everything inside the folder @p dir, never following a link.
-bool empty_folder(int dir) {
+// The names in the folder @p dir, without "." and ".."; none when it cannot be read.
+std::optional<std::vector<std::string>> names_in(int dir) {
     const int copy = fcntl(dir, F_DUPFD_CLOEXEC, 0);
-    if (copy < 0) return false;
+    if (copy < 0) return std::nullopt;
     std::unique_ptr<DIR, int (*)(DIR*)> d(fdopendir(copy), closedir);
     if (!d) {
         close(copy);
-        return false;
+        return std::nullopt;
     }
+    // The copy shares its offset with @p dir: a folder read before would
+    // otherwise show nothing the second time.
+    rewinddir(d.get());
     std::vector<std::string> names;
     while (const dirent* e = readdir(d.get())) {
         const std::string_view n = e->d_name;
         if (n != "." && n != "..") names.emplace_back(n);
     }
+    return names;
+}
+
+bool empty_folder(int dir);
+
+// Removes the entry @p name of the folder @p dir, a folder with all it
+// holds, never following a link.
+bool remove_entry(int dir, const char* name) {
+    if (unlinkat(dir, name, 0) == 0 || errno == ENOENT) return true;
+    if (errno != EISDIR && errno != EPERM) return false;
+    ft::UniqueFd sub(openat(dir, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    return sub.valid() && empty_folder(sub.get()) && unlinkat(dir, name, AT_REMOVEDIR) == 0;
+}
+
+// Removes everything inside the folder @p dir, never following a link.
+bool empty_folder(int dir) {
+    const std::optional<std::vector<std::string>> names = names_in(dir);
+    if (!names) return false;
     bool ok = true;
-    for (const std::string& n : names) {
-        if (unlinkat(dir, n.c_str(), 0) == 0 || errno == ENOENT) continue;
-        if (errno != EISDIR && errno != EPERM) {
-            ok = false;
-            continue;
-        }
-        ft::UniqueFd sub(openat(dir, n.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-        if (!sub.valid() || !empty_folder(sub.get()) || unlinkat(dir, n.c_str(), AT_REMOVEDIR) != 0) ok = false;
-    }
+    for (const std::string& n : *names)
+        if (!remove_entry(dir, n.c_str())) ok = false;
     return ok;
 }
 
@@ -252,12 +267,7 @@ bool Folder::remove(std::string_view relative) const {
     if (!valid() || !split_path(relative, parent, name)) return fail_with(EINVAL) == 0;
     ft::UniqueFd dir = walk(fd_.get(), parent, false);
     if (!dir.valid()) return errno == ENOENT;
-    const std::string n(name);
-    if (unlinkat(dir.get(), n.c_str(), 0) == 0 || errno == ENOENT) return true;
-    if (errno != EISDIR && errno != EPERM) return false;
-    ft::UniqueFd sub(openat(dir.get(), n.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    if (!sub.valid()) return false;
-    return empty_folder(sub.get()) && unlinkat(dir.get(), n.c_str(), AT_REMOVEDIR) == 0;
+    return remove_entry(dir.get(), std::string(name).c_str());
 }
 
 void Folder::remove_stale_temporaries() const {
@@ -270,20 +280,9 @@ void Folder::remove_stale_temporaries() const {
 }
 
 std::vector<std::string> Folder::list(std::string_view relative) const {
-    std::vector<std::string> names;
-    Folder f = relative.empty() ? subfolder("") : subfolder(relative);
-    if (!f.valid()) return names;
-    const int copy = fcntl(f.fd(), F_DUPFD_CLOEXEC, 0);
-    if (copy < 0) return names;
-    std::unique_ptr<DIR, int (*)(DIR*)> d(fdopendir(copy), closedir);
-    if (!d) {
-        close(copy);
-        return names;
-    }
-    while (const dirent* e = readdir(d.get())) {
-        const std::string_view n = e->d_name;
-        if (n != "." && n != "..") names.emplace_back(n);
-    }
+    const Folder f = subfolder(relative);
+    if (!f.valid()) return {};
+    std::vector<std::string> names = names_in(f.fd()).value_or(std::vector<std::string>{});
     std::sort(names.begin(), names.end());
     return names;
 }
@@ -299,14 +298,6 @@ bool append_line(std::string_view relative, std::string_view line) { return hw()
 // --- Settings.
 
 namespace {
-std::vector<Setting>& registry() {
-    // Never destroyed: a library's thread may still look a setting up while
-    // exit() runs the static destructors (a detached tone thread, a monitor
-    // that is not joined at quit).
-    static auto* rows = new std::vector<Setting>;
-    return *rows;
-}
-
 bool is_number(std::string_view v) {
     if (v.empty() || v.size() > 9) return false;
     for (char c : v)
@@ -328,14 +319,14 @@ void conflict(const char* what, std::string_view name) {
 SettingsRegistrar::SettingsRegistrar(std::initializer_list<Setting> rows) {
     for (const Setting& s : rows) {
         if (find_setting(s.name)) conflict("the condition", s.name);
-        registry().push_back(s);
+        registry<Setting>().push_back(s);
     }
 }
 
-const std::vector<Setting>& settings() { return registry(); }
+const std::vector<Setting>& settings() { return registry<Setting>(); }
 
 const Setting* find_setting(std::string_view name) {
-    for (const Setting& s : registry())
+    for (const Setting& s : registry<Setting>())
         if (name == s.name) return &s;
     return nullptr;
 }
@@ -393,6 +384,12 @@ bool set_observed(std::string_view name, std::string_view value) { return store(
 
 void clear_observed(std::string_view name) {
     if (const Setting* s = find_setting(name); s && s->kind == Kind::Observed) hw().remove(setting_file(*s));
+}
+
+void clear_observed_at_power_up() {
+    const Folder dir = hw();
+    for (const Setting& s : registry<Setting>())
+        if (s.kind == Kind::Observed && !s.kept_over_power_cycle) dir.remove(setting_file(s));
 }
 
 // --- Failure injection.

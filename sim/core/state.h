@@ -76,6 +76,16 @@ bool read_text(std::string_view relative, std::string& out);
 bool write_atomic(std::string_view relative, std::string_view data, unsigned mode = 0644);
 bool append_line(std::string_view relative, std::string_view line);
 
+// The list that registrars of @p T fill at start-up, one per type. Never
+// destroyed: a thread of the phone's program may still make a call through
+// it while exit() runs the static destructors (a detached tone thread, a
+// monitor that is not joined at quit).
+template <typename T>
+std::vector<T>& registry() {
+    static auto* list = new std::vector<T>;
+    return *list;
+}
+
 // --- Conditions (set by the operator) and observed state (set by the phone).
 
 enum class Kind { Condition, Observed };
@@ -87,6 +97,9 @@ struct Setting {
     const char* allowed;   // "a|b|c", "<WxH>", "<number>" or "<text>"
     const char* help;
     const char* file = nullptr;  // where the value lives, relative to hw; null: conditions/NAME or observed/NAME
+    // An observed value that a power cycle leaves as it was (a plug stays in
+    // its jack); every other is forgotten at power-up.
+    bool kept_over_power_cycle = false;
 };
 
 const std::vector<Setting>& settings();
@@ -101,6 +114,8 @@ bool set_condition(std::string_view name, std::string_view value);
 bool set_observed(std::string_view name, std::string_view value);
 // Forgets an observed value, so that it reads as its fallback again.
 void clear_observed(std::string_view name);
+// A power cycle: forgets every observed value not kept over one.
+void clear_observed_at_power_up();
 
 // Registers rows at start-up; each area adds its own in its own folder. A name
 // registered twice ends the program at once: two areas would fight over it.

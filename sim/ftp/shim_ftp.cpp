@@ -3,7 +3,6 @@
 // of the phone's loopback addresses, and a client that connects its data
 // channel to the address it logged in to finds the server there too.
 #include <arpa/inet.h>
-#include <dlfcn.h>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/inotify.h>
@@ -17,6 +16,7 @@
 #include <string>
 #include <string_view>
 
+#include "sim/core/shim/shim.h"
 #include "sim/core/state.h"
 #include "sim/ftp/server.h"
 
@@ -65,7 +65,7 @@ void wait_for_server() {
 
 extern "C" int connect(int fd, const sockaddr* address, socklen_t length) {
     using Connect = int (*)(int, const sockaddr*, socklen_t);
-    static const auto kernel_connect = reinterpret_cast<Connect>(dlsym(RTLD_NEXT, "connect"));
+    static const auto kernel_connect = ftsim::shim::next<Connect>("connect");
     if (!is_ftp_on_loopback(address, length)) return kernel_connect(fd, address, length);
     sockaddr_in server{};
     std::memcpy(&server, address, sizeof server);

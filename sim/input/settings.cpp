@@ -11,6 +11,6 @@ const ftsim::SettingsRegistrar kInput{
     {"ehs", ftsim::Kind::Condition, "on", "on|off",
      "the wired headset's hook switch ('ftsim ehs' also sends the event)"},
     {"jack.plug", ftsim::Kind::Observed, "none", "none|nomic|mic|ctia|omtp",
-     "the plug in the 3.5 mm jack, as 'ftsim jack' left it"},
+     "the plug in the 3.5 mm jack, as 'ftsim jack' left it", nullptr, true},
 };
 }  // namespace

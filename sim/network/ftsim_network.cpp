@@ -15,13 +15,7 @@ namespace {
 
 using namespace network;
 
-// State that lives in the switch's registers, the interface and the lamps:
-// a power cycle loses it.
-constexpr const char* kVolatile[] = {"switch.ledtest", "switch.report", "leds",      "eth0.link",
-                                     "eth0.address",   "eth0.speed",    "eth0.duplex", "eth0.autoneg"};
-
 bool network_power_up(const Phone&, PowerUp&, std::string& error) {
-    for (const char* name : kVolatile) clear_observed(name);
     if (!forget() || !hw().remove("kmsg")) {
         error = std::string("cannot reset the switch: ") + std::strerror(errno);
         return false;

@@ -46,11 +46,8 @@ bool camera_power_up(PowerUp& up, std::string& error) {
 }
 
 bool peripherals_power_up(const Phone&, PowerUp& up, std::string& error) {
-    // A power cycle: nothing mounted, the port and the charger as the
-    // hardware comes up, the camera application not running.
-    for (const char* name : {"usb.mounted", "usb.mount.options", "usb.power", "usb.limit", "camera.app",
-                             "camera.pictures", "cradle.charger"})
-        clear_observed(name);
+    // A damaged cache partition comes up read-only.
+    if (get("cache") == "readonly") up.add({"--remount-ro", "/cache"});
     return stick_power_up(up, error) && camera_power_up(up, error);
 }
 

@@ -11,7 +11,6 @@
 #include <cstring>
 #include <ctime>
 #include <dirent.h>
-#include <dlfcn.h>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -261,11 +260,6 @@ void forget(FILE* file) {
     std::erase_if(streams(), [file](const Stream& s) { return s.file == file; });
 }
 
-template <typename F>
-F next(const char* name) {
-    return reinterpret_cast<F>(dlsym(RTLD_NEXT, name));
-}
-
 // A stalled stick holds each write until the fault is cleared or the stick
 // is pulled out. Signal handlers run meanwhile, as during a slow write.
 void wait_while_stalled() {
@@ -278,6 +272,8 @@ void wait_while_stalled() {
 }
 
 }  // namespace
+
+using ftsim::shim::next;
 
 extern "C" size_t fwrite(const void* data, size_t size, size_t count, FILE* file) {
     static const auto real = next<size_t (*)(const void*, size_t, size_t, FILE*)>("fwrite");

@@ -7,13 +7,6 @@
 namespace ftsim {
 namespace {
 
-// A fresh boot: no driver, so no wlan0 (the core empties /sys and resets the
-// module list), and the chip's antenna setting back at its default.
-bool wifi_power_up(const Phone&, PowerUp&, std::string&) {
-    for (const char* name : {"wifi.driver", "wifi.link", "wifi.antenna"}) clear_observed(name);
-    return true;
-}
-
 // The first word of each line of the module list: the module names.
 std::string module_names() {
     std::string text, names;
@@ -43,7 +36,7 @@ void wifi_show(const Phone&, std::string& out) {
     out += ", antenna paths tx/rx " + get("wifi.antenna") + "\n";
 }
 
-const ModuleRegistrar kWifi{Module{"wifi", {}, wifi_power_up, wifi_show, nullptr}};
+const ModuleRegistrar kWifi{Module{"wifi", {}, nullptr, wifi_show, nullptr}};
 
 }  // namespace
 }  // namespace ftsim

@@ -17,17 +17,7 @@ bool still_busy() {
     return true;
 }
 
-// mlan is used by sd8xxx: the kernel refuses to remove it first.
-bool listed(const char* module) {
-    std::string modules;
-    if (!ftsim::read_text("proc/modules", modules)) return false;
-    const std::string head = std::string(module) + " ";
-    return modules.starts_with(head) || modules.find("\n" + head) != std::string::npos;
-}
-
-int remove_sd8xxx(const char* name, unsigned) {
-    // A module that is not loaded is not busy either: the kernel says ENOENT.
-    if (!listed(name)) return 0;
+int remove_sd8xxx(const char*, unsigned) {
     if (still_busy()) {
         errno = EAGAIN;
         return -1;
@@ -40,9 +30,9 @@ int remove_sd8xxx(const char* name, unsigned) {
     return 0;
 }
 
-int remove_mlan(const char* name, unsigned) {
-    if (!listed(name)) return 0;
-    if (still_busy() || listed("sd8xxx")) {
+int remove_mlan(const char*, unsigned) {
+    // mlan is used by sd8xxx: the kernel refuses to remove it first.
+    if (still_busy() || ftsim::shim::module_listed("sd8xxx")) {
         errno = EAGAIN;
         return -1;
     }

@@ -2,6 +2,8 @@
 // reach: push input into it. Installed before bubblewrap starts (so every
 // process of the phone inherits it) and in every process that joins a running
 // phone.
+// Linked into ftsim and its join helper alike, as is the wait for the
+// phone's command that both end with.
 #include "sim/core/ftsim/confine.h"
 
 #include <cerrno>
@@ -13,6 +15,7 @@
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace ftsim {
@@ -62,6 +65,16 @@ bool drop_capabilities() {
     __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
     __user_cap_data_struct data[2] = {};
     return syscall(SYS_capset, &header, data) == 0;
+}
+
+int wait_status(pid_t child) {
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0) {
+        if (errno != EINTR) return 1;
+    }
+    if (WIFEXITED(status)) return WEXITSTATUS(status);
+    if (WIFSIGNALED(status)) return 128 + WTERMSIG(status);
+    return 1;
 }
 
 }  // namespace ftsim

@@ -126,18 +126,6 @@ unsigned long long start_time(pid_t pid) {
     return value;
 }
 
-// The lock that a powered-up phone holds on STATE/power.lock for as long as it runs.
-ft::UniqueFd power_lock(const Phone& phone, bool& held_elsewhere) {
-    held_elsewhere = false;
-    ft::UniqueFd fd = phone.folder().open_at("power.lock", O_RDWR | O_CREAT, Type::File);
-    if (!fd.valid()) return fd;
-    if (flock(fd.get(), LOCK_EX | LOCK_NB) != 0) {
-        held_elsewhere = errno == EWOULDBLOCK;
-        return {};
-    }
-    return fd;
-}
-
 // Reads the "child-pid" that bubblewrap reports: the phone's first process.
 pid_t read_child_pid(int fd) {
     std::string info;
@@ -152,16 +140,6 @@ pid_t read_child_pid(int fd) {
     if (key == std::string::npos) return -1;
     const std::size_t colon = info.find(':', key);
     return colon == std::string::npos ? -1 : static_cast<pid_t>(std::atol(info.c_str() + colon + 1));
-}
-
-int wait_status(pid_t child) {
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0) {
-        if (errno != EINTR) return 1;
-    }
-    if (WIFEXITED(status)) return WEXITSTATUS(status);
-    if (WIFSIGNALED(status)) return 128 + WTERMSIG(status);
-    return 1;
 }
 
 // The phone owns the terminal while it runs: Ctrl-C is the phone's to handle.
@@ -184,6 +162,23 @@ private:
 
 }  // namespace
 
+ft::UniqueFd power_lock(const Phone& phone, bool& held_elsewhere) {
+    held_elsewhere = false;
+    ft::UniqueFd fd = phone.folder().open_at(kPowerLock, O_RDWR | O_CREAT, Type::File);
+    if (!fd.valid()) return fd;
+    if (flock(fd.get(), LOCK_EX | LOCK_NB) != 0) {
+        held_elsewhere = errno == EWOULDBLOCK;
+        return {};
+    }
+    return fd;
+}
+
+bool powered_up(const Phone& phone) {
+    bool running = false;
+    power_lock(phone, running);
+    return running;
+}
+
 int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bool interactive) {
     if (!exists("/usr/bin/bwrap"))
         return fail("bubblewrap is not installed; run scripts/setup.sh (or apt-get install bubblewrap)", 1);
@@ -195,7 +190,7 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
         return fail("the phone at " + phone.state +
                         " is powered up already; 'ftsim exec -- CMD' runs a command inside it",
                     1);
-    if (!lock.valid()) return fail("cannot lock " + phone.state + "/power.lock: " + std::strerror(errno), 1);
+    if (!lock.valid()) return fail("cannot lock " + phone.state + "/" + kPowerLock + ": " + std::strerror(errno), 1);
 
     const Folder hw = phone.folder().subfolder("hw");
     if (!hw.valid()) return fail(phone.hw() + " is not a folder of a phone; 'ftsim reset' makes a fresh one", 1);
@@ -224,13 +219,12 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
     up.add({"--ro-bind-try", phone.system + "/../vendor", "/vendor"});
     std::string error;
     if (!up.bind_state("hw", "/sim", Type::Dir, error)) return fail("cannot power the phone up: " + error, 1);
-    for (const char* place : {"reserved", "data", "cache", "sdcard"}) {
-        // A damaged cache partition comes up read-only.
-        const bool read_only = std::string_view(place) == "cache" && get("cache") == "readonly";
-        if (!up.bind_state(std::string("persist/") + place, std::string("/") + place, Type::Dir, error, read_only))
+    for (const char* place : kPersistent) {
+        if (!up.bind_state(std::string("persist/") + place, std::string("/") + place, Type::Dir, error))
             return fail("cannot power the phone up: " + error, 1);
     }
 
+    clear_observed_at_power_up();
     for (const Module& m : modules())
         if (m.power_up && !m.power_up(phone, up, error)) return fail("cannot power the phone up: " + error, 1);
 
@@ -278,11 +272,11 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
     TerminalSignalsToPhone signals;
     info_write.reset();
     const pid_t first = read_child_pid(info_read.get());
-    const std::string power = "power";
     if (first > 0)
-        phone.folder().write_atomic(power, std::to_string(first) + " " + std::to_string(start_time(first)) + "\n");
+        phone.folder().write_atomic(kPowerRecord,
+                                    std::to_string(first) + " " + std::to_string(start_time(first)) + "\n");
     const int status = wait_status(child);
-    phone.folder().remove(power);
+    phone.folder().remove(kPowerRecord);
 
     // The phone's reboot ends the power-on session like a power cycle.
     if (hw.exists("power-cycled", Type::File)) {
@@ -294,15 +288,11 @@ int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bo
 }
 
 int run_in_running_phone(const Phone& phone, const std::vector<std::string>& command) {
-    bool running = false;
-    {
-        ft::UniqueFd lock = power_lock(phone, running);
-        if (!running) return -1;
-    }
+    if (!powered_up(phone)) return -1;
     // STATE/power is ftsim's own record, out of the phone's reach; the start
     // time proves the process is still the one it names.
     std::string text;
-    if (!phone.folder().read_text("power", text)) return fail("the phone is powering up or down; try again", 1);
+    if (!phone.folder().read_text(kPowerRecord, text)) return fail("the phone is powering up or down; try again", 1);
     long pid = 0;
     unsigned long long started = 0;
     if (std::sscanf(text.c_str(), "%ld %llu", &pid, &started) != 2 || pid <= 1)

@@ -110,6 +110,21 @@ int fail(const std::string& message, int status = 2);
 // holds something else. 0 or an exit status after the message.
 int ensure_phone(const Phone& phone);
 
+// Files of the state folder that ftsim keeps about power: the lock a
+// powered-up phone holds for as long as it runs, and the record of its first
+// process ("PID START-TIME"), out of the phone's reach.
+inline constexpr const char* kPowerLock = "power.lock";
+inline constexpr const char* kPowerRecord = "power";
+// The places that keep their files over a power cycle: STATE/persist/NAME,
+// at /NAME in the phone.
+inline constexpr const char* kPersistent[] = {"reserved", "data", "cache", "sdcard"};
+
+// The power lock, taken; an invalid descriptor when it could not be, with
+// @p held_elsewhere true when a powered-up phone holds it.
+ft::UniqueFd power_lock(const Phone& phone, bool& held_elsewhere);
+// True while the phone is powered up.
+bool powered_up(const Phone& phone);
+
 // Runs the phone with CMD as its first process; returns its exit status.
 int run_in_phone(const Phone& phone, const std::vector<std::string>& command, bool interactive);
 // Runs CMD inside the phone that is powered up now, or returns -1 when none is.

@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <sched.h>
-#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -49,9 +48,5 @@ int main(int argc, char** argv) {
     // Ctrl-C at the terminal is the command's to handle, not ours.
     std::signal(SIGINT, SIG_IGN);
     std::signal(SIGQUIT, SIG_IGN);
-    int status = 0;
-    while (waitpid(inside, &status, 0) < 0)
-        if (errno != EINTR) return 1;
-    if (WIFEXITED(status)) return WEXITSTATUS(status);
-    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : 1;
+    return ftsim::wait_status(inside);
 }

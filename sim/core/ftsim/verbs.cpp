@@ -8,7 +8,6 @@
 #include <dlfcn.h>
 #include <set>
 #include <string>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -28,7 +27,6 @@ bool parse_long(const std::string& text, long lo, long hi, long& out) {
 namespace {
 
 constexpr const char* kMarker = ".ftsim-phone";
-constexpr const char* kPersistent[] = {"reserved", "data", "cache", "sdcard"};
 
 bool is_phone(const Phone& p) { return p.folder().exists(kMarker, Type::File); }
 
@@ -52,17 +50,12 @@ int reset_phone(const Phone& p) {
     if (!state.valid()) return fail(p.state + " is not a folder", 1);
     if (!is_phone(p) && !state.list().empty())
         return fail(p.state + " is not empty and holds no phone; choose another --state folder", 1);
-    bool running = false;
-    {
-        // A phone that runs keeps its state; resetting it under its feet
-        // would leave the shell writing into removed files.
-        ft::UniqueFd probe = state.open_at("power.lock", O_RDWR | O_CREAT, Type::File);
-        if (probe.valid() && flock(probe.get(), LOCK_EX | LOCK_NB) != 0) running = true;
-    }
-    if (running) return fail("the phone at " + p.state + " is powered up; end its shell first", 1);
+    // A phone that runs keeps its state; resetting it under its feet would
+    // leave the shell writing into removed files.
+    if (powered_up(p)) return fail("the phone at " + p.state + " is powered up; end its shell first", 1);
     // Only what this tool made, and never through a link the phone planted.
     for (const std::string& entry : state.list())
-        if (entry != kMarker && entry != "power.lock" && !state.remove(entry))
+        if (entry != kMarker && entry != kPowerLock && !state.remove(entry))
             return fail(explain("cannot remove " + p.state + "/" + entry), 1);
     std::string error;
     if (!make_dirs(p, error)) return fail(error, 1);

@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <cstring>
 #include <dirent.h>
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <string>
 #include <string_view>
@@ -27,23 +26,14 @@ struct PathEntry {
     Redirect redirect;        // else this decides
 };
 
-std::vector<PathEntry>& paths() {
-    // Never destroyed: a thread of the phone's program may still make a call
-    // through here while exit() runs the static destructors (a detached tone
-    // thread, a monitor that is not joined at quit).
-    static auto* list = new std::vector<PathEntry>;
-    return *list;
-}
+std::vector<PathEntry>& paths() { return registry<PathEntry>(); }
 
 struct FlagsEntry {
     const char* prefix;
     FlagsAdjust adjust;
 };
 
-std::vector<FlagsEntry>& flag_rules() {
-    static auto* list = new std::vector<FlagsEntry>;
-    return *list;
-}
+std::vector<FlagsEntry>& flag_rules() { return registry<FlagsEntry>(); }
 
 // "/x/" serves "/x" itself and all below it; "/x" serves paths that begin so.
 bool fixed_match(std::string_view prefix, std::string_view path, std::string_view& rest) {
@@ -80,11 +70,6 @@ int adjusted_flags(const char* path, int flags) {
     for (const FlagsEntry& e : flag_rules())
         if (std::string_view(path).starts_with(e.prefix)) return e.adjust(flags);
     return flags;
-}
-
-template <typename F>
-F next(const char* name) {
-    return reinterpret_cast<F>(dlsym(RTLD_NEXT, name));
 }
 
 // Only O_CREAT and O_TMPFILE carry a mode.
@@ -131,7 +116,7 @@ using ftsim::shim::takes_mode;
         mode = static_cast<mode_t>(va_arg(ap, int));     \
         va_end(ap);                                      \
     }
-#define FTSIM_OPEN_LIKE(name, ...)                                                      \
+#define FTSIM_OPEN_LIKE(name)                                                           \
     extern "C" int name(const char* path, int flags, ...) {                             \
         using Real = int (*)(const char*, int, ...);                                    \
         static const auto real = next<Real>(#name);                                     \
@@ -153,141 +138,55 @@ FTSIM_OPEN_LIKE(open64)
 FTSIM_OPENAT_LIKE(openat)
 FTSIM_OPENAT_LIKE(openat64)
 
+// Every other entry point names one path, @p path among its @p params
+// (which end in noexcept where the C library's declaration has it); @p args
+// pass it on as `target`, the path to use instead.
+#define FTSIM_PATH_CALL(ret, name, params, args)                                        \
+    extern "C" ret name params {                                                        \
+        static const auto real = next<ret(*) params>(#name);                            \
+        std::string storage;                                                            \
+        const char* const target = redirected(path, storage);                           \
+        return real args;                                                               \
+    }
+
 // The fortified forms that programs built with _FORTIFY_SOURCE call.
-extern "C" int __open_2(const char* path, int flags) {
-    static const auto real = next<int (*)(const char*, int)>("__open_2");
-    std::string storage;
-    return real(redirected(path, storage), adjusted_flags(path, flags));
-}
-extern "C" int __open64_2(const char* path, int flags) {
-    static const auto real = next<int (*)(const char*, int)>("__open64_2");
-    std::string storage;
-    return real(redirected(path, storage), adjusted_flags(path, flags));
-}
-extern "C" int __openat_2(int dir, const char* path, int flags) {
-    static const auto real = next<int (*)(int, const char*, int)>("__openat_2");
-    std::string storage;
-    return real(dir, redirected(path, storage), adjusted_flags(path, flags));
-}
-extern "C" int __openat64_2(int dir, const char* path, int flags) {
-    static const auto real = next<int (*)(int, const char*, int)>("__openat64_2");
-    std::string storage;
-    return real(dir, redirected(path, storage), adjusted_flags(path, flags));
-}
+#define FTSIM_OPEN_2(name) \
+    FTSIM_PATH_CALL(int, name, (const char* path, int flags), (target, adjusted_flags(path, flags)))
+#define FTSIM_OPENAT_2(name) \
+    FTSIM_PATH_CALL(int, name, (int dir, const char* path, int flags), (dir, target, adjusted_flags(path, flags)))
+FTSIM_OPEN_2(__open_2)
+FTSIM_OPEN_2(__open64_2)
+FTSIM_OPENAT_2(__openat_2)
+FTSIM_OPENAT_2(__openat64_2)
 
-extern "C" FILE* fopen(const char* path, const char* mode) {
-    static const auto real = next<FILE* (*)(const char*, const char*)>("fopen");
-    std::string storage;
-    return real(redirected(path, storage), mode);
-}
-extern "C" FILE* fopen64(const char* path, const char* mode) {
-    static const auto real = next<FILE* (*)(const char*, const char*)>("fopen64");
-    std::string storage;
-    return real(redirected(path, storage), mode);
-}
-extern "C" FILE* freopen(const char* path, const char* mode, FILE* stream) {
-    static const auto real = next<FILE* (*)(const char*, const char*, FILE*)>("freopen");
-    std::string storage;
-    return real(redirected(path, storage), mode, stream);
-}
-extern "C" FILE* freopen64(const char* path, const char* mode, FILE* stream) {
-    static const auto real = next<FILE* (*)(const char*, const char*, FILE*)>("freopen64");
-    std::string storage;
-    return real(redirected(path, storage), mode, stream);
-}
-extern "C" int creat(const char* path, mode_t mode) {
-    static const auto real = next<int (*)(const char*, mode_t)>("creat");
-    std::string storage;
-    return real(redirected(path, storage), mode);
-}
-extern "C" DIR* opendir(const char* path) {
-    static const auto real = next<DIR* (*)(const char*)>("opendir");
-    std::string storage;
-    return real(redirected(path, storage));
-}
+FTSIM_PATH_CALL(FILE*, fopen, (const char* path, const char* mode), (target, mode))
+FTSIM_PATH_CALL(FILE*, fopen64, (const char* path, const char* mode), (target, mode))
+FTSIM_PATH_CALL(FILE*, freopen, (const char* path, const char* mode, FILE* stream), (target, mode, stream))
+FTSIM_PATH_CALL(FILE*, freopen64, (const char* path, const char* mode, FILE* stream), (target, mode, stream))
+FTSIM_PATH_CALL(int, creat, (const char* path, mode_t mode), (target, mode))
+FTSIM_PATH_CALL(DIR*, opendir, (const char* path), (target))
 
-extern "C" int stat(const char* path, struct stat* buf) noexcept {
-    static const auto real = next<int (*)(const char*, struct stat*)>("stat");
-    std::string storage;
-    return real(redirected(path, storage), buf);
-}
-extern "C" int stat64(const char* path, struct stat64* buf) noexcept {
-    static const auto real = next<int (*)(const char*, struct stat64*)>("stat64");
-    std::string storage;
-    return real(redirected(path, storage), buf);
-}
-extern "C" int lstat(const char* path, struct stat* buf) noexcept {
-    static const auto real = next<int (*)(const char*, struct stat*)>("lstat");
-    std::string storage;
-    return real(redirected(path, storage), buf);
-}
-extern "C" int lstat64(const char* path, struct stat64* buf) noexcept {
-    static const auto real = next<int (*)(const char*, struct stat64*)>("lstat64");
-    std::string storage;
-    return real(redirected(path, storage), buf);
-}
-extern "C" int fstatat(int dir, const char* path, struct stat* buf, int flags) noexcept {
-    static const auto real = next<int (*)(int, const char*, struct stat*, int)>("fstatat");
-    std::string storage;
-    return real(dir, redirected(path, storage), buf, flags);
-}
-extern "C" int fstatat64(int dir, const char* path, struct stat64* buf, int flags) noexcept {
-    static const auto real = next<int (*)(int, const char*, struct stat64*, int)>("fstatat64");
-    std::string storage;
-    return real(dir, redirected(path, storage), buf, flags);
-}
-extern "C" int statx(int dir, const char* path, int flags, unsigned int mask, struct statx* buf) noexcept {
-    static const auto real = next<int (*)(int, const char*, int, unsigned int, struct statx*)>("statx");
-    std::string storage;
-    return real(dir, redirected(path, storage), flags, mask, buf);
-}
-extern "C" int access(const char* path, int mode) noexcept {
-    static const auto real = next<int (*)(const char*, int)>("access");
-    std::string storage;
-    return real(redirected(path, storage), mode);
-}
-extern "C" int faccessat(int dir, const char* path, int mode, int flags) noexcept {
-    static const auto real = next<int (*)(int, const char*, int, int)>("faccessat");
-    std::string storage;
-    return real(dir, redirected(path, storage), mode, flags);
-}
-extern "C" int mkdir(const char* path, mode_t mode) noexcept {
-    static const auto real = next<int (*)(const char*, mode_t)>("mkdir");
-    std::string storage;
-    return real(redirected(path, storage), mode);
-}
-extern "C" int rmdir(const char* path) noexcept {
-    static const auto real = next<int (*)(const char*)>("rmdir");
-    std::string storage;
-    return real(redirected(path, storage));
-}
-extern "C" int unlink(const char* path) noexcept {
-    static const auto real = next<int (*)(const char*)>("unlink");
-    std::string storage;
-    return real(redirected(path, storage));
-}
-extern "C" int unlinkat(int dir, const char* path, int flags) noexcept {
-    static const auto real = next<int (*)(int, const char*, int)>("unlinkat");
-    std::string storage;
-    return real(dir, redirected(path, storage), flags);
-}
-extern "C" int remove(const char* path) noexcept {
-    static const auto real = next<int (*)(const char*)>("remove");
-    std::string storage;
-    return real(redirected(path, storage));
-}
+FTSIM_PATH_CALL(int, stat, (const char* path, struct stat* buf) noexcept, (target, buf))
+FTSIM_PATH_CALL(int, stat64, (const char* path, struct stat64* buf) noexcept, (target, buf))
+FTSIM_PATH_CALL(int, lstat, (const char* path, struct stat* buf) noexcept, (target, buf))
+FTSIM_PATH_CALL(int, lstat64, (const char* path, struct stat64* buf) noexcept, (target, buf))
+FTSIM_PATH_CALL(int, fstatat, (int dir, const char* path, struct stat* buf, int flags) noexcept,
+                (dir, target, buf, flags))
+FTSIM_PATH_CALL(int, fstatat64, (int dir, const char* path, struct stat64* buf, int flags) noexcept,
+                (dir, target, buf, flags))
+FTSIM_PATH_CALL(int, statx, (int dir, const char* path, int flags, unsigned int mask, struct statx* buf) noexcept,
+                (dir, target, flags, mask, buf))
+FTSIM_PATH_CALL(int, access, (const char* path, int mode) noexcept, (target, mode))
+FTSIM_PATH_CALL(int, faccessat, (int dir, const char* path, int mode, int flags) noexcept, (dir, target, mode, flags))
+FTSIM_PATH_CALL(int, mkdir, (const char* path, mode_t mode) noexcept, (target, mode))
+FTSIM_PATH_CALL(int, rmdir, (const char* path) noexcept, (target))
+FTSIM_PATH_CALL(int, unlink, (const char* path) noexcept, (target))
+FTSIM_PATH_CALL(int, unlinkat, (int dir, const char* path, int flags) noexcept, (dir, target, flags))
+FTSIM_PATH_CALL(int, remove, (const char* path) noexcept, (target))
 extern "C" int rename(const char* from, const char* to) noexcept {
     static const auto real = next<int (*)(const char*, const char*)>("rename");
     std::string from_storage, to_storage;
     return real(redirected(from, from_storage), redirected(to, to_storage));
 }
-extern "C" int truncate(const char* path, off_t length) noexcept {
-    static const auto real = next<int (*)(const char*, off_t)>("truncate");
-    std::string storage;
-    return real(redirected(path, storage), length);
-}
-extern "C" int chdir(const char* path) noexcept {
-    static const auto real = next<int (*)(const char*)>("chdir");
-    std::string storage;
-    return real(redirected(path, storage));
-}
+FTSIM_PATH_CALL(int, truncate, (const char* path, off_t length) noexcept, (target, length))
+FTSIM_PATH_CALL(int, chdir, (const char* path) noexcept, (target))

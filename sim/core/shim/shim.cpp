@@ -8,7 +8,6 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
-#include <dlfcn.h>
 #include <limits.h>
 #include <string>
 #include <sys/mount.h>
@@ -39,32 +38,20 @@ struct IoctlEntry {
 
 constexpr unsigned long kSizeBits = static_cast<unsigned long>(_IOC_SIZEMASK) << _IOC_SIZESHIFT;
 
-std::vector<IoctlEntry>& ioctls() {
-    // Never destroyed: a thread of the phone's program may still make a call
-    // through here while exit() runs the static destructors (a detached tone
-    // thread, a monitor that is not joined at quit).
-    static auto* list = new std::vector<IoctlEntry>;
-    return *list;
-}
+std::vector<IoctlEntry>& ioctls() { return registry<IoctlEntry>(); }
 
 struct MountEntry {
     const char* name;
     MountHandler mount;
     UmountHandler umount;
 };
-std::vector<MountEntry>& mounts() {
-    static auto* list = new std::vector<MountEntry>;
-    return *list;
-}
+std::vector<MountEntry>& mounts() { return registry<MountEntry>(); }
 
 struct ModuleEntry {
     const char* module;
     ModuleHook hook;
 };
-std::vector<ModuleEntry>& module_hooks() {
-    static auto* list = new std::vector<ModuleEntry>;
-    return *list;
-}
+std::vector<ModuleEntry>& module_hooks() { return registry<ModuleEntry>(); }
 
 // Every command line a phone process hands to the system shell, exactly as
 // formatted: line feeds inside it are shown as \n so that one call stays one line.
@@ -80,21 +67,11 @@ void log_command(const char* command) {
 
 constexpr const char* kModules = "proc/modules";
 
-// delete_module(2) on the phone's module list: the module's line goes, after
-// its owner's hook agreed.
-long remove_module(const char* name, unsigned flags) {
-    if (name == nullptr) {
-        errno = EFAULT;
-        return -1;
-    }
-    for (const ModuleEntry& e : module_hooks())
-        if (std::strcmp(e.module, name) == 0 && e.hook(name, flags) != 0) return -1;
+// The phone's module list without @p name's line; false when it has none
+// (or there is no list).
+bool without_module(std::string_view name, std::string& kept) {
     std::string text;
-    if (!read_text(kModules, text)) {
-        errno = ENOENT;
-        return -1;
-    }
-    std::string kept;
+    if (!read_text(kModules, text)) return false;
     bool found = false;
     std::size_t pos = 0;
     while (pos < text.size()) {
@@ -102,23 +79,36 @@ long remove_module(const char* name, unsigned flags) {
         end = end == std::string::npos ? text.size() : end + 1;
         const std::string_view line(text.data() + pos, end - pos);
         pos = end;
-        const std::size_t blank = line.find(' ');
-        if (line.substr(0, blank) == name) found = true;
+        if (line.substr(0, line.find(' ')) == name) found = true;
         else kept += line;
     }
-    if (!found) {
+    return found;
+}
+
+// delete_module(2) on the phone's module list: a module that is not loaded
+// is ENOENT, as the kernel says, before its owner's hook is asked; a loaded
+// one's line goes once the hook agreed.
+long remove_module(const char* name, unsigned flags) {
+    if (name == nullptr) {
+        errno = EFAULT;
+        return -1;
+    }
+    std::string kept;
+    if (!without_module(name, kept)) {
         errno = ENOENT;
         return -1;
     }
+    for (const ModuleEntry& e : module_hooks())
+        if (std::strcmp(e.module, name) == 0 && e.hook(name, flags) != 0) return -1;
     return write_atomic(kModules, kept) ? 0 : -1;
 }
 
-template <typename F>
-F next_symbol(const char* name) {
-    return reinterpret_cast<F>(dlsym(RTLD_NEXT, name));
-}
-
 }  // namespace
+
+bool module_listed(std::string_view name) {
+    std::string kept;
+    return without_module(name, kept);
+}
 
 IoctlRegistrar::IoctlRegistrar(unsigned long request, IoctlHandler handler, bool any_size) {
     const unsigned long key = any_size ? request & ~kSizeBits : request;
@@ -146,7 +136,7 @@ using namespace ftsim::shim;
 
 extern "C" int ioctl(int fd, unsigned long request, ...) noexcept {
     using Ioctl = int (*)(int, unsigned long, ...);
-    static const auto kernel_ioctl = next_symbol<Ioctl>("ioctl");
+    static const auto kernel_ioctl = next<Ioctl>("ioctl");
     va_list ap;
     va_start(ap, request);
     void* arg = va_arg(ap, void*);
@@ -162,20 +152,20 @@ extern "C" int ioctl(int fd, unsigned long request, ...) noexcept {
 extern "C" int mount(const char* source, const char* target, const char* type, unsigned long flags,
                      const void* data) noexcept {
     using Mount = int (*)(const char*, const char*, const char*, unsigned long, const void*);
-    static const auto real = next_symbol<Mount>("mount");
+    static const auto real = next<Mount>("mount");
     for (const MountEntry& e : mounts()) {
         int result = 0;
-        if (e.mount && e.mount(source, target, type, flags, data, result)) return result;
+        if (e.mount(source, target, type, flags, data, result)) return result;
     }
     return real(source, target, type, flags, data);
 }
 
 extern "C" int umount2(const char* target, int flags) noexcept {
     using Umount2 = int (*)(const char*, int);
-    static const auto real = next_symbol<Umount2>("umount2");
+    static const auto real = next<Umount2>("umount2");
     for (const MountEntry& e : mounts()) {
         int result = 0;
-        if (e.umount && e.umount(target, flags, result)) return result;
+        if (e.umount(target, flags, result)) return result;
     }
     return real(target, flags);
 }
@@ -185,7 +175,7 @@ extern "C" int umount(const char* target) noexcept { return umount2(target, 0); 
 // glibc has no delete_module wrapper; programs reach it through syscall().
 extern "C" long syscall(long number, ...) noexcept {
     using Syscall = long (*)(long, ...);
-    static const auto real = next_symbol<Syscall>("syscall");
+    static const auto real = next<Syscall>("syscall");
     va_list ap;
     va_start(ap, number);
     long a[6];
@@ -200,7 +190,7 @@ extern "C" long syscall(long number, ...) noexcept {
 // that only a failed start prints. A call that fails is not logged: nothing ran.
 extern "C" int system(const char* command) {
     using System = int (*)(const char*);
-    static const auto libc_system = next_symbol<System>("system");
+    static const auto libc_system = next<System>("system");
     FTSIM_FAILURE_POINT();
     log_command(command);
     return libc_system(command);
@@ -208,7 +198,7 @@ extern "C" int system(const char* command) {
 
 extern "C" FILE* popen(const char* command, const char* mode) {
     using Popen = FILE* (*)(const char*, const char*);
-    static const auto libc_popen = next_symbol<Popen>("popen");
+    static const auto libc_popen = next<Popen>("popen");
     FTSIM_FAILURE_POINT_RETURNING(nullptr);
     log_command(command);
     return libc_popen(command, mode);

@@ -4,10 +4,18 @@
 // kernel files; everything else goes straight to the kernel. Each area of the
 // phone registers what it serves from a file in its own folder; a registrar
 // that meets a name or request already taken ends the program at once.
+#include <dlfcn.h>
 #include <string>
 #include <string_view>
 
 namespace ftsim::shim {
+
+// The next definition of @p name after the shim's own: the C library's, for
+// a call the shim passes on.
+template <typename F>
+F next(const char* name) {
+    return reinterpret_cast<F>(dlsym(RTLD_NEXT, name));
+}
 
 // Path an open descriptor refers to, as seen inside the phone ("" if unknown).
 std::string fd_path(int fd);
@@ -46,8 +54,8 @@ struct OpenFlagsRegistrar {
 };
 
 // --- mount(2) and umount2(2): the phone has no privilege to mount, so the
-// areas that simulate a mountable device answer for it. A handler returns
-// true when it served the call.
+// areas that simulate a mountable device answer for it, with both handlers.
+// A handler returns true when it served the call.
 using MountHandler = bool (*)(const char* source, const char* target, const char* type, unsigned long flags,
                               const void* data, int& result);
 using UmountHandler = bool (*)(const char* target, int flags, int& result);
@@ -56,12 +64,16 @@ struct MountRegistrar {
 };
 
 // --- Kernel modules. /proc/modules is hw/proc/modules (made at power-up);
-// delete_module(2) removes a module's line from it. An area that owns a
-// module may register a hook that runs first: it returns 0 to let the
-// removal go on, or -1 with errno to refuse it (EAGAIN for a busy module).
+// delete_module(2) removes a module's line from it, or fails with ENOENT for
+// a module that is not listed. An area that owns a module may register a
+// hook that runs first for a listed module: it returns 0 to let the removal
+// go on, or -1 with errno to refuse it (EAGAIN for a busy module).
 using ModuleHook = int (*)(const char* name, unsigned flags);
 struct ModuleRegistrar {
     ModuleRegistrar(const char* module, ModuleHook hook);
 };
+
+// True while /proc/modules lists @p name.
+bool module_listed(std::string_view name);
 
 }  // namespace ftsim::shim
