@@ -227,7 +227,7 @@ bool device_held() {
 // player marks the device closed just before it lets go of it: until it has,
 // it is not closed yet for whoever waits to open it next.
 std::string device_state(const Phone& phone) {
-    if (!phone.folder().exists("power", Type::File)) return "closed";
+    if (!phone.folder().exists(kPowerRecord, Type::File)) return "closed";
     const std::string state = get("pcm.5");
     return state == "closed" && device_held() ? "closing" : state;
 }

@@ -62,7 +62,7 @@ bool display_power_up(const Phone&, PowerUp& up, std::string& error) {
     // A power cycle: the panel comes up dark and unlit, the backlight off.
     const Folder dir = hw();
     dir.remove("dev/fb0");
-    if (!dir.write_atomic("dev/fb0.geometry", text_of(panel.visible) + " " + text_of(panel.virt) + "\n")) {
+    if (!dir.write_atomic(display::kGeometryFile, text_of(panel.visible) + " " + text_of(panel.virt) + "\n")) {
         error = explain("cannot write the framebuffer's geometry");
         return false;
     }
