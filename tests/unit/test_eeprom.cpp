@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 #include "platform/eeprom.h"
 #include "sim/core/state.h"
@@ -76,6 +77,15 @@ TEST_F(Store, ProductionModeInjectedFailuresAndAMissingStore) {
     char buf[8];
     EXPECT_EQ(eeprom_read(0, buf, 8), -1);
     EXPECT_EQ(eeprom_write(0, "1"), -1);
+}
+
+// A folder read twice through the same handle: the copy of its descriptor
+// shares the read position, so the second listing once came back empty.
+TEST_F(Store, AFolderListsTheSameEachTime) {
+    const ftsim::Folder hw = ftsim::hw();
+    const std::vector<std::string> first = hw.list();
+    EXPECT_EQ(first, (std::vector<std::string>{"eeprom", "eeprom.lock"}));
+    EXPECT_EQ(hw.list(), first);
 }
 
 }  // namespace
