@@ -118,6 +118,14 @@ def terminal(ftsim):
         t.expect(rb"program read SN_UNIT")
         t.type("\x01ft \r")
         t.expect(DONE + rb'SN_UNIT = "<NOT Initialized>"\r\n' + PROMPT)
+        # A command that left its line open: the next report starts one line
+        # below it, not two.
+        phone.ftsim("set", "usb.stick", "present")
+        phone.ftsim("set", "usb.stick.fault", "ioerror")
+        t.type("usbrw\r")
+        t.expect(rb"Error: Input/output error" + PROMPT)
+        phone.ftsim("key", "4", "1")
+        t.expect(rb"\A\r\nKeyCode\[0004\] value\[1\]\r\nft>\Z")
         # Ctrl-D on an empty line shows the prompt again, and leaves no blank
         # line after the lines that follow.
         t.ctrl_d()
